@@ -1,0 +1,30 @@
+# tarnbrook_library(<folder> LINKS <targets...>)
+# One static library per folder from the .cpp files directly in it.
+function(tarnbrook_library folder)
+  cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  if(NOT sources) # a folder whose code is still only headers
+    add_library(tarnbrook_${folder} INTERFACE)
+    target_include_directories(tarnbrook_${folder} INTERFACE ${PROJECT_SOURCE_DIR})
+    target_link_libraries(tarnbrook_${folder} INTERFACE ${ARG_LINKS})
+    return()
+  endif()
+  add_library(tarnbrook_${folder} STATIC ${sources})
+  target_include_directories(tarnbrook_${folder} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(tarnbrook_${folder} PUBLIC ${ARG_LINKS})
+endfunction()
+
+# tarnbrook_tests(<folder> LINKS <targets...>): one GoogleTest program per test folder.
+function(tarnbrook_tests folder)
+  cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(test_${folder} ${sources})
+  target_link_libraries(test_${folder} PRIVATE ${ARG_LINKS} GTest::gtest GTest::gtest_main)
+  target_compile_definitions(test_${folder} PRIVATE
+    TARNBROOK_TEST_OUTPUT="${PROJECT_BINARY_DIR}/test-output")
+  include(GoogleTest)
+  gtest_discover_tests(test_${folder} DISCOVERY_TIMEOUT 60)
+endfunction()

@@ -1,0 +1,38 @@
+#include "common/control_error.hpp"
+
+namespace tarnbrook {
+
+ControlError::ControlError(int32_t number, std::string source, std::string description)
+    : std::runtime_error(description), number_(number), source_(std::move(source)),
+      description_(std::move(description)) {}
+
+std::string RuntimeErrorText(int32_t number) {
+  switch (number) {
+  case rtInvalidProcedureCall:
+    return "Invalid procedure call or argument";
+  case rtOverflow:
+    return "Overflow";
+  case 7:
+    return "Out of memory";
+  case rtSubscriptOutOfRange:
+    return "Subscript out of range";
+  case 11:
+    return "Division by zero";
+  case rtTypeMismatch:
+    return "Type mismatch";
+  case rtInvalidPropertyValue:
+    return "Invalid property value";
+  case 381:
+    return "Invalid property array index";
+  case 481:
+    return "Invalid picture";
+  default:
+    return "Application-defined or object-defined error";
+  }
+}
+
+void RaiseRuntimeError(int32_t number, const std::string& source) {
+  throw ControlError(number, source, RuntimeErrorText(number));
+}
+
+} // namespace tarnbrook
