@@ -54,7 +54,8 @@ DateValue DateOnly(DateValue date);
 // The time of day as a fraction 0 <= t < 1.
 double TimeOfDay(DateValue date);
 
-// Raises 5 unless MinDateValue <= value <= MaxDateValue.
+// Raises 5 unless the value's day, the time rounded to the second, lies between
+// 1 January 100 and 31 December 9999 (so 1 January 100 12:00, -657434.5, is valid).
 void CheckDateRange(DateValue value);
 
 } // namespace tarnbrook
