@@ -1,0 +1,57 @@
+#pragma once
+// The state behind a Canvas, shared by the files that implement its parts.
+#include <cairo.h>
+
+#include "draw/canvas.hpp"
+
+namespace tarnbrook {
+
+// An opaque ARGB32 pixel from a COLORREF (0x00BBGGRR) and back.
+inline uint32_t ToPixel(COLORREF c) {
+  return 0xFF000000u | (c & 0xFFu) << 16 | (c & 0xFF00u) | (c >> 16 & 0xFFu);
+}
+inline COLORREF ToColor(uint32_t p) {
+  return (p >> 16 & 0xFFu) | (p & 0xFF00u) | (p & 0xFFu) << 16;
+}
+
+struct Pen {
+  int style = PS_SOLID;
+  int32_t width = 1;
+  COLORREF color = 0;
+};
+
+struct Canvas::Impl {
+  cairo_surface_t* surface = nullptr;
+  uint32_t* pixels = nullptr;
+  int32_t width = 0;
+  int32_t height = 0;
+  int32_t stride = 0; // in pixels
+
+  // A fresh drawing context: black text on white, opaque, black pen, white brush.
+  COLORREF textColor = 0;
+  COLORREF bkColor = 0xFFFFFF;
+  int bkMode = OPAQUE;
+  FontSpec font;
+  Pen pen;
+  bool nullBrush = false;
+  COLORREF brushColor = 0xFFFFFF;
+  Point brushOrigin;
+  Point position;
+  int dotPhase = 0; // where a dotted pen is in its on/off pattern
+
+  bool Inside(int32_t x, int32_t y) const { return x >= 0 && y >= 0 && x < width && y < height; }
+  uint32_t* Row(int32_t y) const { return pixels + static_cast<ptrdiff_t>(y) * stride; }
+  void Put(int32_t x, int32_t y, uint32_t pixel) {
+    if (Inside(x, y)) {
+      Row(y)[x] = pixel;
+    }
+  }
+  // Fills (left, top, right, bottom) clipped to the image; right and bottom excluded.
+  void Fill(Rect r, uint32_t pixel);
+  // Plots one pixel of the current pen (its width spread around the point).
+  void PlotPen(int32_t x, int32_t y);
+  // Draws the pen's line from one point to another, the end point excluded.
+  void PenLine(Point from, Point to);
+};
+
+} // namespace tarnbrook
