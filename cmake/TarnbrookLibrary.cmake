@@ -17,7 +17,7 @@ endfunction()
 # tarnbrook_tests(<folder> LINKS <targets...>): one GoogleTest program per test folder.
 function(tarnbrook_tests folder)
   cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
   if(NOT sources)
     return()
   endif()
