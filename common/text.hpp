@@ -1,0 +1,22 @@
+#pragma once
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace tarnbrook {
+
+// Number of characters (code points) in UTF-8 text.
+size_t Utf8Length(std::string_view text);
+// The first `count` characters of UTF-8 text, never splitting a character.
+std::string Utf8Left(std::string_view text, size_t count);
+
+// ASCII letters compared without regard to case; other bytes compared as they are.
+int CompareIgnoreCaseAscii(std::string_view a, std::string_view b);
+bool EqualsIgnoreCaseAscii(std::string_view a, std::string_view b);
+bool StartsWithIgnoreCaseAscii(std::string_view text, std::string_view prefix);
+
+constexpr char ToLowerAscii(char c) {
+  return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c;
+}
+
+} // namespace tarnbrook
