@@ -20,6 +20,10 @@ std::string RuntimeErrorText(int32_t number) {
     return "Division by zero";
   case rtTypeMismatch:
     return "Type mismatch";
+  case 53:
+    return "File not found";
+  case 94:
+    return "Invalid use of Null";
   case rtInvalidPropertyValue:
     return "Invalid property value";
   case 381:

@@ -15,7 +15,11 @@ public:
   bool Underline = false;
   bool Strikethrough = false;
 
-  bool operator==(const Font&) const = default;
+  bool operator==(const Font& other) const {
+    return Name == other.Name && Size == other.Size && Bold == other.Bold &&
+           Italic == other.Italic && Underline == other.Underline &&
+           Strikethrough == other.Strikethrough;
+  }
 };
 
 } // namespace tarnbrook

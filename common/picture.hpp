@@ -21,7 +21,9 @@ public:
   int Width() const { return width_; }
   int Height() const { return height_; }
   const std::vector<uint32_t>& Pixels() const { return pixels_; }
-  bool operator==(const Picture&) const = default;
+  bool operator==(const Picture& other) const {
+    return width_ == other.width_ && height_ == other.height_ && pixels_ == other.pixels_;
+  }
 
 private:
   int width_ = 0;

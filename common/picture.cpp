@@ -1,0 +1,98 @@
+#include "common/picture.hpp"
+
+#include <cairo.h>
+
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <memory>
+
+#include "common/control_error.hpp"
+
+namespace tarnbrook {
+namespace {
+
+constexpr int32_t rtFileNotFound = 53;
+constexpr int32_t rtInvalidPicture = 481;
+
+using SurfacePtr = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
+
+struct ReadCursor {
+  const std::vector<uint8_t>* bytes;
+  size_t position;
+};
+
+cairo_status_t ReadBytes(void* closure, unsigned char* data, unsigned int length) {
+  auto* cursor = static_cast<ReadCursor*>(closure);
+  if (cursor->bytes->size() - cursor->position < length)
+    return CAIRO_STATUS_READ_ERROR;
+  std::memcpy(data, cursor->bytes->data() + cursor->position, length);
+  cursor->position += length;
+  return CAIRO_STATUS_SUCCESS;
+}
+
+cairo_status_t WriteBytes(void* closure, const unsigned char* data, unsigned int length) {
+  static_cast<std::vector<uint8_t>*>(closure)->insert(
+      static_cast<std::vector<uint8_t>*>(closure)->end(), data, data + length);
+  return CAIRO_STATUS_SUCCESS;
+}
+
+} // namespace
+
+Picture::Picture(int width, int height, std::vector<uint32_t> pixels)
+    : width_(width), height_(height), pixels_(std::move(pixels)) {
+  if (width < 0 || height < 0 || pixels_.size() != size_t(width) * size_t(height))
+    RaiseRuntimeError(rtInvalidPicture);
+}
+
+Picture Picture::FromPngBytes(const std::vector<uint8_t>& bytes) {
+  ReadCursor cursor{&bytes, 0};
+  SurfacePtr loaded(cairo_image_surface_create_from_png_stream(ReadBytes, &cursor),
+                    cairo_surface_destroy);
+  if (cairo_surface_status(loaded.get()) != CAIRO_STATUS_SUCCESS)
+    RaiseRuntimeError(rtInvalidPicture);
+
+  // Cairo may load RGB24 or A8 images; painting onto ARGB32 gives one pixel format.
+  int width = cairo_image_surface_get_width(loaded.get());
+  int height = cairo_image_surface_get_height(loaded.get());
+  SurfacePtr argb(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height),
+                  cairo_surface_destroy);
+  cairo_t* cr = cairo_create(argb.get());
+  cairo_set_source_surface(cr, loaded.get(), 0, 0);
+  cairo_set_operator(cr, CAIRO_OPERATOR_SOURCE);
+  cairo_paint(cr);
+  cairo_destroy(cr);
+  cairo_surface_flush(argb.get());
+
+  std::vector<uint32_t> pixels(size_t(width) * size_t(height));
+  const unsigned char* data = cairo_image_surface_get_data(argb.get());
+  int stride = cairo_image_surface_get_stride(argb.get());
+  for (int y = 0; y < height; ++y)
+    std::memcpy(pixels.data() + size_t(y) * width, data + size_t(y) * stride, size_t(width) * 4);
+  return Picture(width, height, std::move(pixels));
+}
+
+Picture Picture::FromPngFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file)
+    RaiseRuntimeError(rtFileNotFound);
+  std::vector<uint8_t> bytes((std::istreambuf_iterator<char>(file)),
+                             std::istreambuf_iterator<char>());
+  return FromPngBytes(bytes);
+}
+
+std::vector<uint8_t> Picture::ToPngBytes() const {
+  std::vector<uint8_t> bytes;
+  if (width_ == 0 || height_ == 0)
+    return bytes; // PNG has no empty image
+  // ARGB32 rows of whole 32-bit pixels are always aligned, so the stride is width * 4.
+  std::vector<uint32_t> copy = pixels_;
+  SurfacePtr surface(
+      cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(copy.data()),
+                                          CAIRO_FORMAT_ARGB32, width_, height_, width_ * 4),
+      cairo_surface_destroy);
+  cairo_surface_write_to_png_stream(surface.get(), WriteBytes, &bytes);
+  return bytes;
+}
+
+} // namespace tarnbrook

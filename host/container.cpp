@@ -1,0 +1,184 @@
+#include "host/container.hpp"
+
+#include <fstream>
+#include <sstream>
+
+#include "common/control_error.hpp"
+#include "host/control_registry.hpp"
+#include "host/form_file.hpp"
+#include "platform/platform.hpp"
+
+namespace tarnbrook {
+namespace {
+
+// Control names, like the language's identifiers, ignore case.
+bool SameName(const std::string& a, const std::string& b) {
+  if (a.size() != b.size())
+    return false;
+  for (size_t i = 0; i < a.size(); ++i) {
+    auto lower = [](unsigned char c) { return (c >= 'A' && c <= 'Z') ? c - 'A' + 'a' : c; };
+    if (lower(a[i]) != lower(b[i]))
+      return false;
+  }
+  return true;
+}
+
+[[noreturn]] void LoadFailure(const std::string& fileName, const std::string& message) {
+  throw ControlError(errFormFileLoad, "Tarnbrook", "Form file '" + fileName + "': " + message);
+}
+
+} // namespace
+
+// A control's view of the form: ambient properties, and a record of changed keys.
+class Container::Site : public ControlSite {
+public:
+  explicit Site(const Container& form) : form_(form) {}
+  void PropertyChanged(const std::string& key) override { changedKeys.push_back(key); }
+  bool UserMode() const override { return form_.userMode_; }
+  Font AmbientFont() const override { return form_.ambientFont_; }
+  OleColor AmbientBackColor() const override { return form_.ambientBackColor_; }
+  HWND ContainerWindow() const override { return form_.hwnd_; }
+
+  std::vector<std::string> changedKeys;
+
+private:
+  const Container& form_;
+};
+
+Container::Container(int32_t width, int32_t height, const std::string& caption) {
+  Platform& platform = Platform::Current();
+  hwnd_ = platform.CreateWindowEx(0, caption, WS_POPUP | WS_VISIBLE, 0, 0, width, height, 0,
+                                  WindowProc);
+  platform.SetWindowLong(hwnd_, GWL_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  platform.InvalidateRect(hwnd_);
+}
+
+Container::~Container() {
+  entries_.clear(); // the controls' windows go before the form's
+  Platform& platform = Platform::Current();
+  platform.SetWindowLong(hwnd_, GWL_USERDATA, 0);
+  platform.DestroyWindow(hwnd_);
+}
+
+LRESULT Container::WindowProc(HWND hwnd, UINT msg, WPARAM, LPARAM) {
+  Platform& platform = Platform::Current();
+  auto* form = reinterpret_cast<Container*>(platform.GetWindowLong(hwnd, GWL_USERDATA));
+  if (form && msg == WM_PAINT) {
+    if (Canvas* canvas = Canvas::FromHandle(platform.GetDC(hwnd)))
+      canvas->FillRect(platform.GetClientRect(hwnd),
+                       static_cast<COLORREF>(TranslateColor(form->ambientBackColor_)));
+  }
+  return 0;
+}
+
+Container::Entry Container::Place(std::unique_ptr<Control> control, const std::string& name,
+                                  const Rect& bounds) {
+  Platform& platform = Platform::Current();
+  HWND hwnd = control->hWnd();
+  if (control->Parent() != hwnd_) {
+    platform.SetParent(hwnd, hwnd_);
+    LONG_PTR style = platform.GetWindowLong(hwnd, GWL_STYLE);
+    platform.SetWindowLong(hwnd, GWL_STYLE, (style & ~LONG_PTR(WS_POPUP)) | WS_CHILD);
+  }
+  Entry entry{name, std::make_unique<Site>(*this), std::move(control)};
+  entry.control->SetSite(entry.site.get());
+  entry.control->Move(bounds.left, bounds.top, bounds.Width(), bounds.Height());
+  return entry;
+}
+
+Control& Container::Add(std::unique_ptr<Control> control, const std::string& name, int32_t left,
+                        int32_t top, int32_t width, int32_t height) {
+  if (!control || name.empty() || FindEntry(name))
+    RaiseRuntimeError(rtInvalidProcedureCall);
+  entries_.push_back(Place(std::move(control), name, {left, top, left + width, top + height}));
+  Control& added = *entries_.back().control;
+  added.InitProperties();
+  added.SetVisible(true);
+  return added;
+}
+
+const Container::Entry* Container::FindEntry(const std::string& name) const {
+  for (const Entry& entry : entries_)
+    if (SameName(entry.name, name))
+      return &entry;
+  return nullptr;
+}
+
+Control* Container::Find(const std::string& name) const {
+  const Entry* entry = FindEntry(name);
+  return entry ? entry->control.get() : nullptr;
+}
+
+const std::vector<std::string>& Container::ChangedKeys(const std::string& name) const {
+  const Entry* entry = FindEntry(name);
+  if (!entry)
+    RaiseRuntimeError(rtInvalidProcedureCall);
+  return entry->site->changedKeys;
+}
+
+void Container::ClearChangedKeys() {
+  for (Entry& entry : entries_)
+    entry.site->changedKeys.clear();
+}
+
+std::string Container::SaveToText(const std::string& fileName) const {
+  Platform& platform = Platform::Current();
+  std::vector<ControlRecord> records;
+  for (const Entry& entry : entries_) {
+    ControlRecord& record = records.emplace_back();
+    record.ClassName = entry.control->ClassName();
+    record.Name = entry.name;
+    Rect window = platform.GetWindowRect(entry.control->hWnd());
+    Point topLeft = platform.ScreenToClient(hwnd_, {window.left, window.top});
+    record.Bounds = {topLeft.x, topLeft.y, topLeft.x + window.Width(), topLeft.y + window.Height()};
+    entry.control->WriteProperties(record.Properties);
+  }
+  return WriteFormText(records, fileName);
+}
+
+void Container::SaveToFile(const std::string& path) const {
+  std::string text = SaveToText(path);
+  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  if (!(file << text) || !file.flush())
+    throw ControlError(errFormFileSave, "Tarnbrook", "Form file '" + path + "': cannot be written");
+}
+
+void Container::LoadFromText(const std::string& text, const std::string& fileName) {
+  std::vector<ControlRecord> records = ReadFormText(text, fileName);
+
+  // Everything is built aside; the form changes only once the whole file has loaded.
+  std::vector<Entry> loaded;
+  for (ControlRecord& record : records) {
+    for (const Entry& entry : loaded)
+      if (SameName(entry.name, record.Name))
+        LoadFailure(fileName, "the name '" + record.Name + "' is used twice");
+    const ControlFactory* factory = FindControlClass(record.ClassName);
+    if (!factory)
+      LoadFailure(fileName,
+                  "control '" + record.Name + "' has the unknown class '" + record.ClassName + "'");
+    if (record.Name.empty())
+      LoadFailure(fileName, "a control of class '" + record.ClassName + "' has no name");
+    Entry entry = Place((*factory)(hwnd_), record.Name, record.Bounds);
+    entry.control->SetVisible(false);
+    try {
+      entry.control->ReadProperties(record.Properties);
+    } catch (const ControlError& error) {
+      LoadFailure(fileName, "control '" + record.Name + "': " + error.Description());
+    }
+    loaded.push_back(std::move(entry));
+  }
+  entries_.swap(loaded);
+  for (Entry& entry : entries_)
+    entry.control->SetVisible(true);
+}
+
+void Container::LoadFromFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file)
+    LoadFailure(path, "cannot be opened");
+  std::ostringstream text;
+  text << file.rdbuf();
+  LoadFromText(text.str(), path);
+}
+
+} // namespace tarnbrook

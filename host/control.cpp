@@ -1,0 +1,197 @@
+#include "host/control.hpp"
+
+#include "platform/platform.hpp"
+
+namespace tarnbrook {
+namespace {
+
+int16_t ShiftState(Platform& platform) {
+  int16_t shift = 0;
+  if (platform.GetKeyState(VK_SHIFT) < 0)
+    shift |= vbShiftMask;
+  if (platform.GetKeyState(VK_CONTROL) < 0)
+    shift |= vbCtrlMask;
+  if (platform.GetKeyState(VK_MENU) < 0)
+    shift |= vbAltMask;
+  return shift;
+}
+
+int16_t ButtonsHeld(WPARAM wParam) {
+  int16_t buttons = 0;
+  if (wParam & MK_LBUTTON)
+    buttons |= vbLeftButton;
+  if (wParam & MK_RBUTTON)
+    buttons |= vbRightButton;
+  if (wParam & MK_MBUTTON)
+    buttons |= vbMiddleButton;
+  return buttons;
+}
+
+} // namespace
+
+Control::Control(HWND parent) {
+  Platform& platform = Platform::Current();
+  uint32_t style = parent ? WS_CHILD | WS_VISIBLE : WS_POPUP;
+  hwnd_ = platform.CreateWindowEx(0, "", style, 0, 0, 0, 0, parent, WindowProc);
+  platform.SetWindowLong(hwnd_, GWL_USERDATA, reinterpret_cast<LONG_PTR>(this));
+}
+
+Control::~Control() {
+  Platform& platform = Platform::Current();
+  if (!platform.IsWindow(hwnd_))
+    return;
+  // Messages sent while the window goes must not reach a half-destroyed object.
+  platform.SetWindowLong(hwnd_, GWL_USERDATA, 0);
+  if (platform.GetCapture() == hwnd_)
+    platform.ReleaseCapture();
+  platform.DestroyWindow(hwnd_);
+}
+
+HWND Control::Parent() const {
+  return Platform::Current().GetParent(hwnd_);
+}
+
+int32_t Control::Width() const {
+  return ScaleWidth() * site_->TwipsPerPixelX();
+}
+
+int32_t Control::Height() const {
+  return ScaleHeight() * site_->TwipsPerPixelY();
+}
+
+int32_t Control::ScaleWidth() const {
+  return Platform::Current().GetClientRect(hwnd_).Width();
+}
+
+int32_t Control::ScaleHeight() const {
+  return Platform::Current().GetClientRect(hwnd_).Height();
+}
+
+void Control::Move(int32_t left, int32_t top, int32_t width, int32_t height) {
+  Platform::Current().MoveWindow(hwnd_, left, top, width, height, true);
+}
+
+bool Control::Visible() const {
+  return Platform::Current().IsWindowVisible(hwnd_);
+}
+
+void Control::SetVisible(bool visible) {
+  Platform::Current().ShowWindow(hwnd_, visible ? SW_SHOW : SW_HIDE);
+}
+
+bool Control::Enabled() const {
+  return Platform::Current().IsWindowEnabled(hwnd_);
+}
+
+void Control::SetEnabled(bool enabled) {
+  Platform::Current().EnableWindow(hwnd_, enabled);
+}
+
+void Control::Refresh() {
+  Platform& platform = Platform::Current();
+  platform.InvalidateRect(hwnd_);
+  platform.UpdateWindow(hwnd_);
+}
+
+void Control::SetFocus() {
+  Platform::Current().SetFocus(hwnd_);
+}
+
+LRESULT Control::WindowMessage(UINT, WPARAM, LPARAM) {
+  return 0;
+}
+
+LRESULT Control::WindowProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
+  auto* control = reinterpret_cast<Control*>(Platform::Current().GetWindowLong(hwnd, GWL_USERDATA));
+  return control ? control->Route(msg, wParam, lParam) : 0;
+}
+
+LRESULT Control::Route(UINT msg, WPARAM wParam, LPARAM lParam) {
+  Platform& platform = Platform::Current();
+  switch (msg) {
+  case WM_LBUTTONDOWN:
+  case WM_RBUTTONDOWN:
+  case WM_MBUTTONDOWN:
+  case WM_RBUTTONDBLCLK:
+  case WM_MBUTTONDBLCLK:
+  case WM_LBUTTONDBLCLK:
+  case WM_LBUTTONUP:
+  case WM_RBUTTONUP:
+  case WM_MBUTTONUP:
+    MouseButton(msg, wParam, lParam);
+    return 0;
+  case WM_MOUSEMOVE:
+    OnMouseMove(ButtonsHeld(wParam), ShiftState(platform), float(GET_X_LPARAM(lParam)),
+                float(GET_Y_LPARAM(lParam)));
+    return 0;
+  case WM_KEYDOWN:
+  case WM_KEYUP: {
+    auto keyCode = static_cast<int16_t>(wParam);
+    if (msg == WM_KEYDOWN)
+      OnKeyDown(keyCode, ShiftState(platform));
+    else
+      OnKeyUp(keyCode, ShiftState(platform));
+    return 0;
+  }
+  case WM_CHAR: {
+    auto keyAscii = static_cast<int16_t>(wParam);
+    OnKeyPress(keyAscii);
+    return 0;
+  }
+  case WM_SETFOCUS:
+    OnGotFocus();
+    return 0;
+  case WM_KILLFOCUS:
+    OnLostFocus();
+    return 0;
+  case WM_SIZE: {
+    Rect client = platform.GetClientRect(hwnd_);
+    surface_.Resize(client.Width(), client.Height());
+    OnResize();
+    return 0;
+  }
+  case WM_PAINT:
+    OnPaint();
+    CopySurfaceToWindow();
+    return 0;
+  case WM_TIMER:
+    OnTimer(wParam);
+    return 0;
+  default:
+    return WindowMessage(msg, wParam, lParam);
+  }
+}
+
+void Control::MouseButton(UINT msg, WPARAM wParam, LPARAM lParam) {
+  Platform& platform = Platform::Current();
+  int16_t shift = ShiftState(platform);
+  float x = float(GET_X_LPARAM(lParam)), y = float(GET_Y_LPARAM(lParam));
+  int16_t button =
+      (msg == WM_LBUTTONDOWN || msg == WM_LBUTTONUP || msg == WM_LBUTTONDBLCLK)   ? vbLeftButton
+      : (msg == WM_RBUTTONDOWN || msg == WM_RBUTTONUP || msg == WM_RBUTTONDBLCLK) ? vbRightButton
+                                                                                  : vbMiddleButton;
+
+  if (msg == WM_LBUTTONUP || msg == WM_RBUTTONUP || msg == WM_MBUTTONUP) {
+    OnMouseUp(button, shift, x, y);
+    // The capture taken on the first press ends with the last release.
+    if (ButtonsHeld(wParam) == 0 && platform.GetCapture() == hwnd_)
+      platform.ReleaseCapture();
+    return;
+  }
+  // A press takes the focus and the mouse, so that a drag is followed outside the window.
+  if (platform.GetFocus() != hwnd_)
+    platform.SetFocus(hwnd_);
+  platform.SetCapture(hwnd_);
+  if (msg == WM_LBUTTONDBLCLK)
+    OnDblClick();
+  else
+    OnMouseDown(button, shift, x, y);
+}
+
+void Control::CopySurfaceToWindow() {
+  Canvas* window = Canvas::FromHandle(Platform::Current().GetDC(hwnd_));
+  if (window)
+    window->BitBlt(0, 0, surface_.Width(), surface_.Height(), surface_, 0, 0);
+}
+
+} // namespace tarnbrook

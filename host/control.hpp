@@ -1,0 +1,93 @@
+#pragma once
+#include <cstdint>
+#include <string>
+
+#include "common/object.hpp"
+#include "common/property_bag.hpp"
+#include "draw/canvas.hpp"
+#include "host/control_site.hpp"
+#include "platform/messages.hpp"
+
+namespace tarnbrook {
+
+// Mouse buttons and shift state as the control events report them.
+enum MouseButtonConstants : int16_t { vbLeftButton = 1, vbRightButton = 2, vbMiddleButton = 4 };
+enum ShiftConstants : int16_t { vbShiftMask = 1, vbCtrlMask = 2, vbAltMask = 4 };
+
+// The base of every control: its window, its site, its off-screen surface, and the routing
+// of the window's messages to the handlers below. Lifecycle: construct, then either
+// InitProperties() (a new control) or ReadProperties(bag) (a loaded one); WriteProperties(bag)
+// saves it.
+class Control : public Object {
+public:
+  // Creates the window, a child of `parent` (visible), or a hidden window of its own.
+  explicit Control(HWND parent = 0);
+  ~Control() override;
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+
+  // The name a form file knows the control by ("MonthCalendar").
+  virtual std::string ClassName() const = 0;
+
+  virtual void InitProperties() {}
+  virtual void ReadProperties(PropertyBag&) {}
+  virtual void WriteProperties(PropertyBag&) {}
+
+  HWND hWnd() const { return hwnd_; }
+  HWND Parent() const;
+  ControlSite& Site() const { return *site_; }
+  void SetSite(ControlSite* site) { site_ = site ? site : &ControlSite::Standalone(); }
+
+  // Size in twips, as the container measures it, and in pixels.
+  int32_t Width() const;
+  int32_t Height() const;
+  int32_t ScaleWidth() const;
+  int32_t ScaleHeight() const;
+  // Position and size in pixels, relative to the parent's client area.
+  void Move(int32_t left, int32_t top, int32_t width, int32_t height);
+
+  bool Visible() const;
+  void SetVisible(bool visible);
+  bool Enabled() const;
+  void SetEnabled(bool enabled);
+
+  // Repaints now: OnPaint, then the surface to the window.
+  void Refresh();
+  void SetFocus();
+
+protected:
+  // Handlers, in pixels of the client area; x and y as the control events carry them.
+  virtual void OnMouseDown(int16_t /*button*/, int16_t /*shift*/, float /*x*/, float /*y*/) {}
+  virtual void OnMouseMove(int16_t /*button*/, int16_t /*shift*/, float /*x*/, float /*y*/) {}
+  virtual void OnMouseUp(int16_t /*button*/, int16_t /*shift*/, float /*x*/, float /*y*/) {}
+  virtual void OnDblClick() {}
+  virtual void OnKeyDown(int16_t& /*keyCode*/, int16_t /*shift*/) {}
+  virtual void OnKeyPress(int16_t& /*keyAscii*/) {}
+  virtual void OnKeyUp(int16_t& /*keyCode*/, int16_t /*shift*/) {}
+  virtual void OnGotFocus() {}
+  virtual void OnLostFocus() {}
+  virtual void OnResize() {} // the surface already has the new size
+  virtual void OnPaint() {}  // bring the surface up to date; it is then copied to the window
+  virtual void OnTimer(uintptr_t /*id*/) {}
+
+  // Messages not routed above; the default handles nothing.
+  virtual LRESULT WindowMessage(UINT msg, WPARAM wParam, LPARAM lParam);
+
+  // Notifies the site that the property under `key` changed.
+  void PropertyChanged(const std::string& key) { site_->PropertyChanged(key); }
+
+  // The off-screen surface, the size of the client area.
+  Canvas& Surface() { return surface_; }
+
+private:
+  static LRESULT WindowProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
+  LRESULT Route(UINT msg, WPARAM wParam, LPARAM lParam);
+  void MouseButton(UINT msg, WPARAM wParam, LPARAM lParam);
+  void CopySurfaceToWindow();
+
+  HWND hwnd_ = 0;
+  ControlSite* site_ = &ControlSite::Standalone();
+  Canvas surface_;
+};
+
+} // namespace tarnbrook
