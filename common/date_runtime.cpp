@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
-#include <string>
 
 #include "common/control_error.hpp"
 #include "common/locale.hpp"
@@ -22,16 +21,21 @@ Interval ParseInterval(std::string_view text) {
                {"y", Interval::DayOfYear}, {"d", Interval::Day},     {"w", Interval::Weekday},
                {"ww", Interval::Week},     {"h", Interval::Hour},    {"n", Interval::Minute},
                {"s", Interval::Second}};
-  std::string lower(text);
-  for (char& c : lower) {
-    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  }
+  const auto sameLetters = [text](std::string_view name) {
+    return std::equal(text.begin(), text.end(), name.begin(), name.end(), [](char a, char b) {
+      return std::tolower(static_cast<unsigned char>(a)) == b;
+    });
+  };
   for (const auto& name : names) {
-    if (lower == name.Name) {
+    if (sameLetters(name.Name)) {
       return name.Value;
     }
   }
   RaiseRuntimeError(rtInvalidProcedureCall);
+}
+
+long FloorDiv(long long a, long b) {
+  return static_cast<long>(a / b - (a % b < 0 ? 1 : 0));
 }
 
 long FloorMod(long a, long b) {
@@ -50,6 +54,13 @@ int ResolveFirstDayOfWeek(int firstDayOfWeek) {
     RaiseRuntimeError(rtInvalidProcedureCall);
   }
   return firstDayOfWeek == vbUseSystemDayOfWeek ? CurrentLocale().FirstDayOfWeek : firstDayOfWeek;
+}
+
+int ResolveFirstWeekOfYear(int firstWeekOfYear) {
+  if (firstWeekOfYear < vbUseSystem || firstWeekOfYear > vbFirstFullWeek) {
+    RaiseRuntimeError(rtInvalidProcedureCall);
+  }
+  return firstWeekOfYear == vbUseSystem ? CurrentLocale().FirstWeekOfYear : firstWeekOfYear;
 }
 
 // 1 for the first day of the week ... 7; day 0 (30 December 1899) was a Saturday.
@@ -72,12 +83,6 @@ long FirstWeekStart(int year, int firstDayOfWeek, int firstWeekOfYear) {
 // counted in their own year (week 53), as the runtime does, even where that week is the
 // next year's week 1.
 int WeekOfYear(long days, int firstDayOfWeek, int firstWeekOfYear) {
-  if (firstWeekOfYear < vbUseSystem || firstWeekOfYear > vbFirstFullWeek) {
-    RaiseRuntimeError(rtInvalidProcedureCall);
-  }
-  if (firstWeekOfYear == vbUseSystem) {
-    firstWeekOfYear = CurrentLocale().FirstWeekOfYear;
-  }
   const int year = CivilFromDays(days).Year;
   long start = FirstWeekStart(year, firstDayOfWeek, firstWeekOfYear);
   if (days < start) {
@@ -100,7 +105,7 @@ DateValue AddMonths(DaySeconds split, long months) {
 
 DateValue AddSeconds(DaySeconds split, long long seconds) {
   const long long total = split.Days * 86400LL + split.Seconds + seconds;
-  CheckDay(static_cast<long>(total / 86400 - (total % 86400 < 0 ? 1 : 0)));
+  CheckDay(FloorDiv(total, 86400));
   return DateValueFromDaySeconds(0, total);
 }
 
@@ -125,7 +130,7 @@ DateValue DateSerial(int year, int month, int day) {
     y += 1900;
   }
   const long monthIndex = month - 1L;
-  y += monthIndex / 12 - (monthIndex % 12 < 0 ? 1 : 0);
+  y += FloorDiv(monthIndex, 12);
   // Beyond this no day offset of an int can come back into range.
   if (y < -6000000 || y > 6000000) {
     RaiseRuntimeError(rtInvalidProcedureCall);
@@ -174,6 +179,7 @@ DateValue DateAdd(std::string_view interval, double number, DateValue date) {
 int DatePart(std::string_view interval, DateValue date, int firstDayOfWeek, int firstWeekOfYear) {
   const Interval unit = ParseInterval(interval);
   const int dayOfWeekStart = ResolveFirstDayOfWeek(firstDayOfWeek);
+  const int weekOfYearRule = ResolveFirstWeekOfYear(firstWeekOfYear);
   const DaySeconds split = SplitDateValue(date);
   const CivilDate civil = CivilFromDays(split.Days);
   switch (unit) {
@@ -190,7 +196,7 @@ int DatePart(std::string_view interval, DateValue date, int firstDayOfWeek, int 
   case Interval::Weekday:
     return WeekdayOfDay(split.Days, dayOfWeekStart);
   case Interval::Week:
-    return WeekOfYear(split.Days, dayOfWeekStart, firstWeekOfYear);
+    return WeekOfYear(split.Days, dayOfWeekStart, weekOfYearRule);
   case Interval::Hour:
     return split.Seconds / 3600;
   case Interval::Minute:
