@@ -1,0 +1,61 @@
+#include <algorithm>
+
+#include "platform/memory/memory_platform.hpp"
+
+namespace tarnbrook {
+
+namespace {
+
+constexpr COLORREF CaptionColor = 0x800000; // COLOR_ACTIVECAPTION, navy
+constexpr COLORREF CaptionTextColor = 0xFFFFFF;
+
+Rect Intersect(const Rect& a, const Rect& b) {
+  Rect r{std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+         std::min(a.bottom, b.bottom)};
+  return r.left < r.right && r.top < r.bottom ? r : Rect{};
+}
+
+} // namespace
+
+// The desktop colour, then every visible window bottom to top, each clipped to its
+// parent's client area.
+std::unique_ptr<Canvas> MemoryPlatform::ComposeScreen() {
+  const MemoryWindow& desktop = *Find(desktop_);
+  auto screen = std::make_unique<Canvas>(desktop.rect.Width(), desktop.rect.Height());
+  screen->FillRect(desktop.rect, DesktopColor);
+  for (HWND child : desktop.children) {
+    DrawTree(*screen, *Find(child), desktop.rect);
+  }
+  return screen;
+}
+
+void MemoryPlatform::DrawTree(Canvas& screen, const MemoryWindow& window, const Rect& clip) {
+  if (!(window.style & WS_VISIBLE)) {
+    return;
+  }
+  if (window.caption) {
+    Rect bar = GetWindowRect(window.handle);
+    bar.bottom = bar.top + CaptionHeight;
+    bar = Intersect(bar, clip);
+    screen.FillRect(bar, CaptionColor);
+    screen.SetTextColor(CaptionTextColor);
+    screen.SetBkMode(TRANSPARENT);
+    Rect text{bar.left + 4, bar.top, bar.right, bar.bottom};
+    screen.DrawText(window.title, text, DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+  }
+  Rect client = ClientScreenRect(window);
+  Rect shown = Intersect(client, clip);
+  if (shown.Width() > 0) {
+    screen.BitBlt(shown.left, shown.top, shown.Width(), shown.Height(), *window.canvas,
+                  shown.left - client.left, shown.top - client.top);
+  }
+  for (HWND child : window.children) {
+    DrawTree(screen, *Find(child), shown);
+  }
+}
+
+void MemoryPlatform::WriteScreenPng(const std::string& path) {
+  ComposeScreen()->WritePng(path);
+}
+
+} // namespace tarnbrook
