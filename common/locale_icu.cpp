@@ -20,18 +20,28 @@ std::string ToUtf8(const icu::UnicodeString& text) {
   return result;
 }
 
-// ICU puts no-break spaces around AM/PM and in some dates; desktop patterns use plain ones.
-std::string PlainSpaces(const std::string& text) {
+// ICU puts no-break spaces around AM/PM and direction marks around separators; desktop
+// patterns use plain spaces and no marks.
+std::string DesktopText(const std::string& text) {
+  struct Replacement {
+    std::string_view from;
+    std::string_view to;
+  };
+  static constexpr Replacement replacements[] = {
+      {"\u202F", " "}, {"\u00A0", " "}, {"\u200E", ""}, {"\u200F", ""}, {"\u061C", ""}};
   std::string result;
-  for (size_t i = 0; i < text.size(); ++i) {
-    if (text.compare(i, 3, "\u202F") == 0) {
-      result += ' ';
-      i += 2;
-    } else if (text.compare(i, 2, "\u00A0") == 0) {
-      result += ' ';
-      i += 1;
-    } else {
-      result += text[i];
+  for (size_t i = 0; i < text.size();) {
+    bool replaced = false;
+    for (const Replacement& r : replacements) {
+      if (text.compare(i, r.from.size(), r.from) == 0) {
+        result += r.to;
+        i += r.from.size();
+        replaced = true;
+        break;
+      }
+    }
+    if (!replaced) {
+      result += text[i++];
     }
   }
   return result;
@@ -161,15 +171,12 @@ std::string PickerLiteral(const std::string& text) {
   bool quoted = false;
   for (char c : text) {
     const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-    if (c == '\'' || c == '\\') {
-      if (quoted) {
-        result += '\'';
-        quoted = false;
-      }
-      result += '\\';
-    } else if (letter && !quoted) {
+    if (letter != quoted) {
       result += '\'';
-      quoted = true;
+      quoted = letter;
+    }
+    if (c == '\'' || c == '\\') {
+      result += '\\';
     }
     result += c;
   }
@@ -182,7 +189,7 @@ std::string PickerLiteral(const std::string& text) {
 std::string ToPickerPattern(const std::vector<PatternPiece>& pieces) {
   std::string result;
   for (const PatternPiece& piece : pieces) {
-    result += piece.Letter == 0 ? PickerLiteral(PlainSpaces(ToUtf8(piece.Literal)))
+    result += piece.Letter == 0 ? PickerLiteral(DesktopText(ToUtf8(piece.Literal)))
                                 : PickerToken(piece.Letter, piece.Count);
   }
   return result;
@@ -196,7 +203,7 @@ std::string SeparatorBetween(const std::vector<PatternPiece>& pieces, bool (*isK
   for (const PatternPiece& piece : pieces) {
     if (piece.Letter == 0) {
       if (seenField) {
-        separator += PlainSpaces(ToUtf8(piece.Literal));
+        separator += DesktopText(ToUtf8(piece.Literal));
       }
     } else if (isKind(piece.Letter)) {
       if (seenField && !separator.empty()) {
