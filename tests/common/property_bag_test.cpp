@@ -1,0 +1,58 @@
+#include <gtest/gtest.h>
+
+#include "common/property_bag.hpp"
+
+namespace tarnbrook {
+namespace {
+
+std::vector<std::string> Keys(const MemoryPropertyBag& bag) {
+  std::vector<std::string> keys;
+  for (const auto& entry : bag.Entries())
+    keys.push_back(entry.first);
+  return keys;
+}
+
+TEST(PropertyBagTest, KeysIgnoreCase) {
+  MemoryPropertyBag bag;
+  bag.WriteProperty("Selectedyear", int32_t(2024));
+  EXPECT_EQ(bag.ReadProperty("SelectedYear", int32_t(0)), Variant(int32_t(2024)));
+  EXPECT_TRUE(bag.Contains("SELECTEDYEAR"));
+  bag.WriteProperty("SELECTEDYEAR", int32_t(2025));
+  EXPECT_EQ(Keys(bag), std::vector<std::string>{"Selectedyear"});
+  EXPECT_EQ(bag.ReadProperty("selectedyear"), Variant(int32_t(2025)));
+}
+
+TEST(PropertyBagTest, AbsentKeyReadsItsDefault) {
+  MemoryPropertyBag bag;
+  EXPECT_EQ(bag.ReadProperty("MinDate", "1/1/1601"), Variant("1/1/1601"));
+  EXPECT_TRUE(bag.ReadProperty("Value").IsEmpty());
+}
+
+TEST(PropertyBagTest, ValueEqualToDefaultIsOmittedAndRemovesAnEarlierOne) {
+  MemoryPropertyBag bag;
+  bag.WriteProperty("HoverIcon", true, true);
+  bag.WriteProperty("ButtonWidth", int16_t(15), int32_t(15)); // same number, other width
+  EXPECT_TRUE(bag.Entries().empty());
+
+  bag.WriteProperty("EmptyButton", false, true);
+  EXPECT_TRUE(bag.Contains("EmptyButton"));
+  bag.WriteProperty("emptybutton", true, true);
+  EXPECT_FALSE(bag.Contains("EmptyButton"));
+
+  // Types other than numbers never equal each other.
+  bag.WriteProperty("MinDate", Variant::Date(0), 0.0);
+  EXPECT_TRUE(bag.Contains("MinDate"));
+}
+
+TEST(PropertyBagTest, EntriesStayInFirstWriteOrder) {
+  MemoryPropertyBag bag;
+  bag.WriteProperty("WeekDayColor", int32_t(1));
+  bag.WriteProperty("Value", Variant::Date(45000));
+  bag.WriteProperty("Font", "x");
+  bag.WriteProperty("weekdaycolor", int32_t(2));
+  EXPECT_EQ(Keys(bag), (std::vector<std::string>{"WeekDayColor", "Value", "Font"}));
+  EXPECT_EQ(bag.ReadProperty("WeekDayColor"), Variant(int32_t(2)));
+}
+
+} // namespace
+} // namespace tarnbrook

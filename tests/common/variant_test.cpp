@@ -1,0 +1,118 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+
+#include "common/control_error.hpp"
+#include "common/date_runtime.hpp"
+#include "common/font.hpp"
+#include "common/variant.hpp"
+
+namespace tarnbrook {
+namespace {
+
+int ErrorNumber(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const ControlError& error) {
+    return error.Number();
+  }
+  return 0;
+}
+
+TEST(VariantTest, BooleanFromTextAndNumbers) {
+  EXPECT_TRUE(Variant("True").ToBoolean());
+  EXPECT_FALSE(Variant("false").ToBoolean());
+  EXPECT_TRUE(Variant("-1").ToBoolean());
+  EXPECT_FALSE(Variant("0").ToBoolean());
+  EXPECT_TRUE(Variant(0.25).ToBoolean());
+  EXPECT_FALSE(Variant().ToBoolean());
+  EXPECT_EQ(ErrorNumber([] { Variant("yes").ToBoolean(); }), 13);
+}
+
+TEST(VariantTest, WholeNumbersRoundHalfToEvenAndOverflow) {
+  EXPECT_EQ(Variant(2.5).ToInteger(), 2);
+  EXPECT_EQ(Variant(3.5).ToInteger(), 4);
+  EXPECT_EQ(Variant(-2.5).ToLong(), -2);
+  EXPECT_EQ(Variant("12").ToInteger(), 12);
+  EXPECT_EQ(Variant(true).ToInteger(), -1);
+  EXPECT_EQ(Variant::Date(1.75).ToLong(), 2);
+  EXPECT_EQ(ErrorNumber([] { Variant(32767.5).ToInteger(); }), 6);
+  EXPECT_EQ(ErrorNumber([] { Variant(int32_t(40000)).ToInteger(); }), 6);
+  EXPECT_EQ(ErrorNumber([] { Variant(2147483647.5).ToLong(); }), 6);
+  EXPECT_EQ(ErrorNumber([] { Variant("1x").ToLong(); }), 13);
+}
+
+TEST(VariantTest, DatesFromTextAndNumbers) {
+  EXPECT_EQ(Variant("1/1/1601").ToDate(), DateSerial(1601, 1, 1));
+  EXPECT_EQ(Variant(-1.25).ToDate(), -1.25);
+  EXPECT_EQ(Variant(int16_t(2)).ToDate(), 2.0);
+  EXPECT_EQ(ErrorNumber([] { Variant(1e10).ToDate(); }), 6);
+  EXPECT_EQ(ErrorNumber([] { Variant("not a date").ToDate(); }), 13);
+}
+
+TEST(VariantTest, TextOfEachType) {
+  EXPECT_EQ(Variant().ToString(), "");
+  EXPECT_EQ(Variant(true).ToString(), "True");
+  EXPECT_EQ(Variant(int16_t(-7)).ToString(), "-7");
+  EXPECT_EQ(Variant::Date(DateSerial(9999, 12, 31) + TimeSerial(23, 59, 59)).ToString(),
+            "12/31/9999 11:59:59 PM");
+  EXPECT_EQ(Variant::Date(DateSerial(1601, 1, 1)).ToString(), "1/1/1601");
+}
+
+TEST(VariantTest, DoublesShowFifteenDigitsAtMost) {
+  EXPECT_EQ(Variant(0.5).ToString(), "0.5");
+  EXPECT_EQ(Variant(-2.25).ToString(), "-2.25");
+  EXPECT_EQ(Variant(100.0).ToString(), "100");
+  EXPECT_EQ(Variant(0.1 + 0.2).ToString(), "0.3");
+  EXPECT_EQ(Variant(123456789012345.0).ToString(), "123456789012345");
+  EXPECT_EQ(Variant(1e15).ToString(), "1E+15");
+  EXPECT_EQ(Variant(1e20).ToString(), "1E+20");
+  EXPECT_EQ(Variant(0.0001).ToString(), "0.0001");
+  EXPECT_EQ(Variant(1.5e-7).ToString(), "1.5E-07");
+  EXPECT_EQ(Variant(-0.0).ToString(), "0");
+}
+
+TEST(VariantTest, NullConvertsToNothing) {
+  Variant null = Variant::Null();
+  for (auto convert : std::vector<std::function<void()>>{
+           [&] { null.ToBoolean(); }, [&] { null.ToInteger(); }, [&] { null.ToLong(); },
+           [&] { null.ToDouble(); }, [&] { null.ToDate(); }, [&] { null.ToString(); }}) {
+    try {
+      convert();
+      ADD_FAILURE() << "Null converted";
+    } catch (const ControlError& error) {
+      EXPECT_EQ(error.Number(), 94);
+      EXPECT_EQ(error.Description(), "Invalid use of Null");
+    }
+  }
+}
+
+TEST(VariantTest, ObjectsOnlyConvertToObjects) {
+  auto font = std::make_shared<Font>();
+  EXPECT_EQ(Variant(font).ToObject(), font);
+  EXPECT_EQ(Variant(std::shared_ptr<Object>()).ToObject(), nullptr);
+  EXPECT_EQ(ErrorNumber([&] { Variant(font).ToLong(); }), 13);
+  EXPECT_EQ(ErrorNumber([] { Variant(int32_t(1)).ToObject(); }), 13);
+}
+
+TEST(VariantTest, EqualityKeepsTypesApartExceptNumbers) {
+  EXPECT_EQ(Variant(int16_t(5)), Variant(int32_t(5)));
+  EXPECT_EQ(Variant(int32_t(5)), Variant(5.0));
+  EXPECT_NE(Variant::Date(5), Variant(5.0));
+  EXPECT_NE(Variant("5"), Variant(int32_t(5)));
+  EXPECT_NE(Variant(true), Variant(int16_t(-1)));
+  EXPECT_NE(Variant(), Variant(int32_t(0)));
+  EXPECT_NE(Variant(), Variant::Null());
+  EXPECT_EQ(Variant::Null(), Variant::Null());
+
+  auto tahoma = std::make_shared<Font>();
+  tahoma->Name = "Tahoma";
+  auto same = std::make_shared<Font>(*tahoma);
+  EXPECT_EQ(Variant(tahoma), Variant(same));
+  same->Bold = true;
+  EXPECT_NE(Variant(tahoma), Variant(same));
+}
+
+} // namespace
+} // namespace tarnbrook
