@@ -134,6 +134,8 @@ public:
   // Text with the DT_ flags; returns the text's height. Opaque background mode fills the
   // text's extent with the back colour first.
   int32_t DrawText(std::string_view text, Rect rect, uint32_t flags);
+  // The same; with DT_CALCRECT it only measures and sets the rectangle's right and bottom.
+  int32_t DrawText(std::string_view text, Rect* rect, uint32_t flags);
   Size GetTextExtent(std::string_view text); // one line, selected font
 
   // Copies between canvases.
@@ -145,7 +147,8 @@ public:
   void DrawPicture(const Picture& picture, int32_t x, int32_t y);
 
   // The classic 3D look.
-  void DrawEdge(Rect rect, uint32_t edge, uint32_t flags);
+  // Returns the rectangle inside the edge with BF_ADJUST, else the rectangle itself.
+  Rect DrawEdge(Rect rect, uint32_t edge, uint32_t flags);
   void DrawFrameControl(Rect rect, uint32_t type, uint32_t state);
   void DrawFocusRect(const Rect& rect);
 

@@ -1,10 +1,14 @@
 #pragma once
 // The state behind a Canvas, shared by the files that implement its parts.
+#include <algorithm>
 #include <cairo.h>
+#include <vector>
 
 #include "draw/canvas.hpp"
 
 namespace tarnbrook {
+
+struct ShapedText;
 
 // An opaque ARGB32 pixel from a COLORREF (0x00BBGGRR) and back.
 inline uint32_t ToPixel(COLORREF c) {
@@ -12,6 +16,11 @@ inline uint32_t ToPixel(COLORREF c) {
 }
 inline COLORREF ToColor(uint32_t p) {
   return (p >> 16 & 0xFFu) | (p & 0xFF00u) | (p & 0xFFu) << 16;
+}
+
+inline Rect Intersect(const Rect& a, const Rect& b) {
+  return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+          std::min(a.bottom, b.bottom)};
 }
 
 struct Pen {
@@ -52,6 +61,10 @@ struct Canvas::Impl {
   void PlotPen(int32_t x, int32_t y);
   // Draws the pen's line from one point to another, the end point excluded.
   void PenLine(Point from, Point to);
+  // Paints a shape given as a mask over `rect`: the pen draws its rim, the brush its inside.
+  void PaintShape(const Rect& rect, const std::vector<bool>& inside);
+  // Lays a text's coverage over the image in one colour, within `clip`.
+  void Blend(const ShapedText& shaped, int32_t x, int32_t y, Rect clip, COLORREF color);
 };
 
 } // namespace tarnbrook

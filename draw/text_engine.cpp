@@ -1,0 +1,240 @@
+#include "draw/text_engine.hpp"
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <pango/pangocairo.h>
+
+namespace tarnbrook {
+
+namespace {
+
+constexpr size_t CacheLimit = 2048;
+constexpr const char* FallbackFamily = "DejaVu Sans";
+
+std::string Lower(std::string_view text) {
+  std::string lower(text);
+  std::transform(lower.begin(), lower.end(), lower.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return lower;
+}
+
+// The text as shown: "&&" is "&", a single "&" underlines the next character (its byte range
+// is returned), line breaks become spaces on a single line.
+struct DisplayText {
+  std::string text;
+  int32_t mnemonicStart = -1;
+  int32_t mnemonicEnd = -1;
+};
+
+DisplayText Display(std::string_view source, uint32_t flags) {
+  DisplayText shown;
+  bool prefixes = !(flags & DT_NOPREFIX);
+  for (size_t i = 0; i < source.size(); ++i) {
+    char c = source[i];
+    if (prefixes && c == '&') {
+      if (++i == source.size()) {
+        break;
+      }
+      c = source[i];
+      if (c != '&' && shown.mnemonicStart < 0) {
+        shown.mnemonicStart = static_cast<int32_t>(shown.text.size());
+        size_t end = i + 1; // the whole UTF-8 character
+        while (end < source.size() && (static_cast<unsigned char>(source[end]) & 0xC0) == 0x80) {
+          ++end;
+        }
+        shown.mnemonicEnd = static_cast<int32_t>(shown.text.size() + end - i);
+      }
+    }
+    if (flags & DT_SINGLELINE && (c == '\n' || c == '\r')) {
+      c = ' ';
+    } else if (c == '\r') {
+      continue; // CR LF ends a line as LF does
+    }
+    shown.text += c;
+  }
+  return shown;
+}
+
+std::string CacheKey(const FontSpec& font, std::string_view text, uint32_t flags,
+                     int32_t wrapWidth) {
+  std::string key = font.FaceName;
+  key += '\0';
+  for (int32_t n : {font.Height, font.Weight, font.Escapement, static_cast<int32_t>(flags),
+                    wrapWidth, font.Italic | font.Underline << 1 | font.StrikeOut << 2}) {
+    key.append(reinterpret_cast<const char*>(&n), sizeof n);
+  }
+  key += text;
+  return key;
+}
+
+} // namespace
+
+TextEngine& TextEngine::ForThisThread() {
+  thread_local TextEngine engine;
+  return engine;
+}
+
+TextEngine::TextEngine() {
+  context_ = pango_font_map_create_context(pango_cairo_font_map_get_default());
+  // Crisp small text: grey antialiasing, full hinting, whole-pixel metrics.
+  cairo_font_options_t* options = cairo_font_options_create();
+  cairo_font_options_set_antialias(options, CAIRO_ANTIALIAS_GRAY);
+  cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_FULL);
+  cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_ON);
+  pango_cairo_context_set_font_options(context_, options);
+  cairo_font_options_destroy(options);
+  pango_cairo_context_set_resolution(context_, 96);
+  layout_ = pango_layout_new(context_);
+}
+
+TextEngine::~TextEngine() {
+  if (description_) {
+    pango_font_description_free(description_);
+  }
+  g_object_unref(layout_);
+  g_object_unref(context_);
+}
+
+// An installed family of that name, else DejaVu Sans (which also stands for "MS Sans Serif").
+const std::string& TextEngine::Family(const std::string& face) {
+  auto found = families_.find(face);
+  if (found != families_.end()) {
+    return found->second;
+  }
+  std::string family = FallbackFamily;
+  PangoFontFamily** list = nullptr;
+  int count = 0;
+  pango_font_map_list_families(pango_context_get_font_map(context_), &list, &count);
+  std::string wanted = Lower(face);
+  for (int i = 0; i < count; ++i) {
+    if (Lower(pango_font_family_get_name(list[i])) == wanted) {
+      family = pango_font_family_get_name(list[i]);
+      break;
+    }
+  }
+  g_free(list);
+  return families_.emplace(face, family).first->second;
+}
+
+void TextEngine::SetFont(const FontSpec& font) {
+  if (description_ && describedFont_ == font) {
+    return;
+  }
+  if (description_) {
+    pango_font_description_free(description_);
+  }
+  description_ = pango_font_description_new();
+  pango_font_description_set_family(description_, Family(font.FaceName).c_str());
+  // A negative height is the character (em) height; a positive one the cell height, of which
+  // the em is about 86% in the fallback family; 0 is the default 8-point font.
+  double pixels = font.Height < 0   ? -static_cast<double>(font.Height)
+                  : font.Height > 0 ? font.Height * 0.86
+                                    : 11.0;
+  pango_font_description_set_absolute_size(description_, pixels * PANGO_SCALE);
+  int weight = font.Weight <= 0 ? 400 : std::clamp(font.Weight, 100, 1000);
+  pango_font_description_set_weight(description_, static_cast<PangoWeight>(weight));
+  pango_font_description_set_style(description_,
+                                   font.Italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
+  describedFont_ = font;
+}
+
+const ShapedText& TextEngine::Shape(const FontSpec& font, std::string_view text, uint32_t flags,
+                                    int32_t wrapWidth) {
+  flags &= ShapingFlags;
+  if (!(flags & DT_WORDBREAK) || flags & DT_SINGLELINE) {
+    wrapWidth = -1;
+  }
+  std::string key = CacheKey(font, text, flags, wrapWidth);
+  auto found = shaped_.find(key);
+  if (found != shaped_.end()) {
+    return found->second;
+  }
+  if (shaped_.size() >= CacheLimit) {
+    shaped_.clear();
+  }
+  return shaped_.emplace(std::move(key), Rasterise(font, text, flags, wrapWidth)).first->second;
+}
+
+ShapedText TextEngine::Rasterise(const FontSpec& font, std::string_view text, uint32_t flags,
+                                 int32_t wrapWidth) {
+  DisplayText shown = Display(text, flags);
+  SetFont(font);
+  pango_layout_set_font_description(layout_, description_);
+  pango_layout_set_text(layout_, shown.text.data(), static_cast<int>(shown.text.size()));
+  pango_layout_set_single_paragraph_mode(layout_, (flags & DT_SINGLELINE) != 0);
+  pango_layout_set_width(layout_, wrapWidth < 0 ? -1 : wrapWidth * PANGO_SCALE);
+  pango_layout_set_wrap(layout_, PANGO_WRAP_WORD_CHAR);
+  pango_layout_set_alignment(layout_, flags & DT_CENTER  ? PANGO_ALIGN_CENTER
+                                      : flags & DT_RIGHT ? PANGO_ALIGN_RIGHT
+                                                         : PANGO_ALIGN_LEFT);
+  PangoAttrList* attributes = pango_attr_list_new();
+  if (font.Underline) {
+    pango_attr_list_insert(attributes, pango_attr_underline_new(PANGO_UNDERLINE_SINGLE));
+  }
+  if (font.StrikeOut) {
+    pango_attr_list_insert(attributes, pango_attr_strikethrough_new(TRUE));
+  }
+  if (shown.mnemonicStart >= 0 && !font.Underline) {
+    PangoAttribute* mnemonic = pango_attr_underline_new(PANGO_UNDERLINE_SINGLE);
+    mnemonic->start_index = static_cast<guint>(shown.mnemonicStart);
+    mnemonic->end_index = static_cast<guint>(shown.mnemonicEnd);
+    pango_attr_list_insert(attributes, mnemonic);
+  }
+  pango_layout_set_attributes(layout_, attributes);
+  pango_attr_list_unref(attributes);
+
+  PangoRectangle ink;
+  PangoRectangle logical;
+  pango_layout_get_pixel_extents(layout_, &ink, &logical);
+  ShapedText shaped;
+  shaped.width = logical.width;
+  shaped.height = logical.height;
+
+  // The mask holds ink and logical box, turned by the escapement about the logical top-left.
+  double angle = -font.Escapement / 10.0 * M_PI / 180.0;
+  double left = std::min(ink.x, logical.x) - logical.x;
+  double top = std::min(ink.y, logical.y) - logical.y;
+  double right = std::max(ink.x + ink.width, logical.x + logical.width) - logical.x;
+  double bottom = std::max(ink.y + ink.height, logical.y + logical.height) - logical.y;
+  double minX = 1e9, minY = 1e9, maxX = -1e9, maxY = -1e9;
+  for (double x : {left, right}) {
+    for (double y : {top, bottom}) {
+      double tx = x * std::cos(angle) - y * std::sin(angle);
+      double ty = x * std::sin(angle) + y * std::cos(angle);
+      minX = std::min(minX, tx);
+      maxX = std::max(maxX, tx);
+      minY = std::min(minY, ty);
+      maxY = std::max(maxY, ty);
+    }
+  }
+  shaped.maskX = static_cast<int32_t>(std::floor(minX));
+  shaped.maskY = static_cast<int32_t>(std::floor(minY));
+  shaped.maskWidth = static_cast<int32_t>(std::ceil(maxX)) - shaped.maskX;
+  shaped.maskHeight = static_cast<int32_t>(std::ceil(maxY)) - shaped.maskY;
+  if (shaped.maskWidth <= 0 || shaped.maskHeight <= 0 || shown.text.empty()) {
+    shaped.maskWidth = shaped.maskHeight = 0;
+    return shaped;
+  }
+
+  cairo_surface_t* mask =
+      cairo_image_surface_create(CAIRO_FORMAT_A8, shaped.maskWidth, shaped.maskHeight);
+  cairo_t* cr = cairo_create(mask);
+  cairo_translate(cr, -shaped.maskX, -shaped.maskY);
+  cairo_rotate(cr, angle);
+  cairo_translate(cr, -logical.x, -logical.y);
+  pango_cairo_show_layout(cr, layout_);
+  cairo_destroy(cr);
+  cairo_surface_flush(mask);
+  const unsigned char* data = cairo_image_surface_get_data(mask);
+  int stride = cairo_image_surface_get_stride(mask);
+  shaped.coverage.resize(static_cast<size_t>(shaped.maskWidth) * shaped.maskHeight);
+  for (int32_t y = 0; y < shaped.maskHeight; ++y) {
+    std::copy_n(data + static_cast<ptrdiff_t>(y) * stride, shaped.maskWidth,
+                shaped.coverage.begin() + static_cast<ptrdiff_t>(y) * shaped.maskWidth);
+  }
+  cairo_surface_destroy(mask);
+  return shaped;
+}
+
+} // namespace tarnbrook

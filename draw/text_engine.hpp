@@ -1,0 +1,58 @@
+#pragma once
+// Shapes and rasterises text once with Pango and keeps the result, so that repainting the same
+// strings (day numbers, captions) costs only a blend.
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "draw/canvas.hpp"
+
+typedef struct _PangoContext PangoContext;
+typedef struct _PangoLayout PangoLayout;
+typedef struct _PangoFontDescription PangoFontDescription;
+
+namespace tarnbrook {
+
+// One piece of text as coverage values over its ink and logical box.
+struct ShapedText {
+  int32_t width = 0; // logical size: the advance and the line height(s)
+  int32_t height = 0;
+  int32_t maskX = 0; // the mask's top-left relative to the logical top-left
+  int32_t maskY = 0;
+  int32_t maskWidth = 0;
+  int32_t maskHeight = 0;
+  std::vector<uint8_t> coverage; // maskWidth x maskHeight, 0..255
+};
+
+// The DrawText flags that change the shape of a text.
+constexpr uint32_t ShapingFlags = DT_CENTER | DT_RIGHT | DT_WORDBREAK | DT_SINGLELINE | DT_NOPREFIX;
+
+class TextEngine {
+public:
+  // One engine per thread: the user-interface thread draws all text.
+  static TextEngine& ForThisThread();
+
+  // `wrapWidth` matters only with DT_WORDBREAK on several lines.
+  const ShapedText& Shape(const FontSpec& font, std::string_view text, uint32_t flags,
+                          int32_t wrapWidth);
+
+  ~TextEngine();
+
+private:
+  TextEngine();
+  ShapedText Rasterise(const FontSpec& font, std::string_view text, uint32_t flags,
+                       int32_t wrapWidth);
+  void SetFont(const FontSpec& font);
+  const std::string& Family(const std::string& face);
+
+  PangoContext* context_ = nullptr;
+  PangoLayout* layout_ = nullptr; // reused for every text
+  PangoFontDescription* description_ = nullptr;
+  FontSpec describedFont_;
+  std::unordered_map<std::string, std::string> families_; // face name -> installed family
+  std::unordered_map<std::string, ShapedText> shaped_;
+};
+
+} // namespace tarnbrook
