@@ -93,9 +93,8 @@ ParsedNumber ParseDecimalNumber(std::string_view text) {
     }
   }
   double value = 0;
-  const auto [last, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-  (void)last;
-  if (error == std::errc::result_out_of_range) {
+  const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  if (result.ec == std::errc::result_out_of_range) {
     if (!negativeExponent) {
       RaiseRuntimeError(rtOverflow);
     }
