@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# Builds the library and renders the gallery of button faces and borders to a PNG.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/install-deps.sh
+
+build=build/release
+cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DTARNBROOK_TESTS=OFF \
+  -DTARNBROOK_BENCH=OFF >/dev/null
+cmake --build "$build" -j"$(nproc)" --target gallery
+mkdir -p out
+"$build/gallery" out/gallery.png
