@@ -51,11 +51,7 @@ LRESULT MemoryPlatform::RunHookChain(int type, int nCode, WPARAM wParam, LPARAM 
   if (latest == hooks_.rend()) {
     return 0;
   }
-  Hook hook = *latest;
-  runningHooks_.push_back(hook);
-  LRESULT result = hook.proc(nCode, wParam, lParam);
-  runningHooks_.pop_back();
-  return result;
+  return RunHook(*latest, nCode, wParam, lParam);
 }
 
 // Like the real system, the chain position comes from the hook that is running; the handle
@@ -78,11 +74,17 @@ LRESULT MemoryPlatform::CallNextHookEx(HHOOK hook, int nCode, WPARAM wParam, LPA
   if (next == hooks_.rend()) {
     return 0;
   }
-  Hook nextHook = *next;
-  runningHooks_.push_back(nextHook);
-  LRESULT result = nextHook.proc(nCode, wParam, lParam);
-  runningHooks_.pop_back();
-  return result;
+  return RunHook(*next, nCode, wParam, lParam);
+}
+
+// Keeps the running hook known while it runs, even when it throws.
+LRESULT MemoryPlatform::RunHook(Hook hook, int nCode, WPARAM wParam, LPARAM lParam) {
+  struct Running {
+    std::vector<Hook>& stack;
+    ~Running() { stack.pop_back(); }
+  } running{runningHooks_};
+  runningHooks_.push_back(hook);
+  return hook.proc(nCode, wParam, lParam);
 }
 
 } // namespace tarnbrook

@@ -212,6 +212,7 @@ private:
   WPARAM MouseKeyFlags();
   void DrawTree(Canvas& screen, const MemoryWindow& window, const Rect& clip);
   Timer* NextDueTimer(uint64_t until);
+  LRESULT RunHook(Hook hook, int nCode, WPARAM wParam, LPARAM lParam);
 
   std::map<HWND, std::unique_ptr<MemoryWindow>> windows_;
   HWND desktop_ = 0;

@@ -1,0 +1,113 @@
+#include <utility>
+
+#include "platform_fixture.hpp"
+
+namespace tarnbrook {
+namespace {
+
+using InputTest = PlatformTest;
+
+std::vector<std::pair<UINT, WPARAM>> Keys(const std::vector<Received>& messages) {
+  std::vector<std::pair<UINT, WPARAM>> keys;
+  for (const Received& r : messages) {
+    keys.emplace_back(r.msg, r.wParam);
+  }
+  return keys;
+}
+
+TEST_F(InputTest, ClickMovesTheFocusKillBeforeSet) {
+  HWND a = Window(0, 0, 100, 100);
+  HWND b = Window(200, 0, 100, 100);
+  p.Click(10, 10);
+  p.Click(210, 10);
+  auto order = Take({WM_SETFOCUS, WM_KILLFOCUS, WM_LBUTTONDOWN});
+  ASSERT_EQ(order.size(), 5u);
+  EXPECT_EQ(order[0].msg, static_cast<UINT>(WM_SETFOCUS));
+  EXPECT_EQ(order[1].msg, static_cast<UINT>(WM_LBUTTONDOWN));
+  EXPECT_EQ(order[2].hwnd, a);
+  EXPECT_EQ(order[2].msg, static_cast<UINT>(WM_KILLFOCUS));
+  EXPECT_EQ(order[2].wParam, b);
+  EXPECT_EQ(order[3].hwnd, b);
+  EXPECT_EQ(order[3].msg, static_cast<UINT>(WM_SETFOCUS));
+  EXPECT_EQ(order[3].wParam, a);
+  EXPECT_EQ(order[4].hwnd, b);
+
+  p.SetClickFocus(false);
+  p.Click(10, 10);
+  EXPECT_EQ(p.GetFocus(), b);
+}
+
+TEST_F(InputTest, DoubleClickArrivesAsDownUpDoubleUp) {
+  HWND form = Window(0, 0, 100, 100);
+  p.DoubleClick(30, 40);
+  auto order = Take({WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK});
+  ASSERT_EQ(order.size(), 4u);
+  EXPECT_EQ(order[0].msg, static_cast<UINT>(WM_LBUTTONDOWN));
+  EXPECT_EQ(order[1].msg, static_cast<UINT>(WM_LBUTTONUP));
+  EXPECT_EQ(order[2].msg, static_cast<UINT>(WM_LBUTTONDBLCLK));
+  EXPECT_EQ(order[2].wParam, static_cast<WPARAM>(MK_LBUTTON));
+  EXPECT_EQ(order[3].msg, static_cast<UINT>(WM_LBUTTONUP));
+  EXPECT_EQ(order[3].hwnd, form);
+  EXPECT_EQ(p.GetCursorPos(), (Point{30, 40}));
+}
+
+TEST_F(InputTest, TypedTextReachesTheFocusedWindowWithShift) {
+  HWND field = Window(0, 0, 100, 20);
+  Window(0, 50, 100, 20); // unfocused: hears nothing
+  p.SetFocus(field);
+  p.Type("aB?");
+  auto keys = Take({WM_KEYDOWN, WM_CHAR, WM_KEYUP});
+  for (const Received& r : keys) {
+    EXPECT_EQ(r.hwnd, field);
+  }
+  using K = std::pair<UINT, WPARAM>;
+  EXPECT_EQ(Keys(keys), (std::vector<K>{{WM_KEYDOWN, 'A'},
+                                        {WM_CHAR, 'a'},
+                                        {WM_KEYUP, 'A'},
+                                        {WM_KEYDOWN, VK_SHIFT},
+                                        {WM_KEYDOWN, 'B'},
+                                        {WM_CHAR, 'B'},
+                                        {WM_KEYUP, 'B'},
+                                        {WM_KEYUP, VK_SHIFT},
+                                        {WM_KEYDOWN, VK_SHIFT},
+                                        {WM_KEYDOWN, VK_OEM_2},
+                                        {WM_CHAR, '?'},
+                                        {WM_KEYUP, VK_OEM_2},
+                                        {WM_KEYUP, VK_SHIFT}}));
+
+  p.Key(VK_DELETE);
+  p.Key('C', MemoryPlatform::CtrlKey); // no character with Ctrl held
+  EXPECT_EQ(Take({WM_CHAR}).size(), 0u);
+  p.KeyDown(VK_SHIFT);
+  EXPECT_LT(p.GetKeyState(VK_SHIFT), 0);
+  p.KeyUp(VK_SHIFT);
+  EXPECT_EQ(p.GetKeyState(VK_SHIFT), 0);
+}
+
+TEST_F(InputTest, CaptureTakesTheMouseWhereverItGoes) {
+  HWND a = Window(100, 100, 100, 100);
+  HWND b = Window(300, 100, 100, 100);
+  p.MouseDown(VK_LBUTTON, 150, 150);
+  EXPECT_LT(p.GetKeyState(VK_LBUTTON), 0);
+  p.SetCapture(a);
+  received.clear();
+  p.MouseMove(320, 90);
+  auto moves = Take({WM_MOUSEMOVE});
+  ASSERT_EQ(moves.size(), 1u);
+  EXPECT_EQ(moves[0].hwnd, a);
+  EXPECT_EQ(GET_X_LPARAM(moves[0].lParam), 220);
+  EXPECT_EQ(GET_Y_LPARAM(moves[0].lParam), -10);
+  EXPECT_EQ(moves[0].wParam, static_cast<WPARAM>(MK_LBUTTON));
+
+  EXPECT_TRUE(p.ReleaseCapture());
+  auto changed = Take({WM_CAPTURECHANGED});
+  ASSERT_EQ(changed.size(), 1u);
+  EXPECT_EQ(changed[0].hwnd, a);
+  p.MouseUp(VK_LBUTTON, 350, 150);
+  auto up = Take({WM_LBUTTONUP});
+  ASSERT_EQ(up.size(), 1u);
+  EXPECT_EQ(up[0].hwnd, b);
+}
+
+} // namespace
+} // namespace tarnbrook
