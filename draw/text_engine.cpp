@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
+#include <cstdlib>
 #include <pango/pangocairo.h>
 
 namespace tarnbrook {
@@ -76,6 +77,9 @@ TextEngine& TextEngine::ForThisThread() {
 }
 
 TextEngine::TextEngine() {
+  // FreeType's default hinting ignores horizontal hints, which blurs the stems of small text;
+  // the classic interpreter snaps them to whole pixels (a setting of the caller's wins).
+  setenv("FREETYPE_PROPERTIES", "truetype:interpreter-version=35", 0);
   context_ = pango_font_map_create_context(pango_cairo_font_map_get_default());
   // Crisp small text: grey antialiasing, full hinting, whole-pixel metrics.
   cairo_font_options_t* options = cairo_font_options_create();

@@ -61,3 +61,151 @@ TEST(Canvas, PngBytesAreAPngImage) {
 
 } // namespace
 } // namespace tarnbrook
+
+namespace tarnbrook {
+namespace {
+
+constexpr COLORREF Black = 0x000000;
+constexpr COLORREF Face = 0xC0C0C0;
+constexpr COLORREF Shadow = 0x808080;
+constexpr COLORREF Light = 0xC0C0C0;
+
+TEST(CanvasLines, EndPointIsExcludedWhateverTheSlope) {
+  Canvas canvas(20, 20);
+  canvas.MoveTo(2, 2);
+  canvas.LineTo(10, 2);
+  EXPECT_EQ(canvas.GetPixel(2, 2), Black);
+  EXPECT_EQ(canvas.GetPixel(9, 2), Black);
+  EXPECT_EQ(canvas.GetPixel(10, 2), 0xFFFFFFu);
+  canvas.MoveTo(2, 5);
+  canvas.LineTo(8, 11); // diagonal: (2,5) .. (7,10)
+  EXPECT_EQ(canvas.GetPixel(5, 8), Black);
+  EXPECT_EQ(canvas.GetPixel(7, 10), Black);
+  EXPECT_EQ(canvas.GetPixel(8, 11), 0xFFFFFFu);
+  canvas.MoveTo(15, 15);
+  canvas.LineTo(15, 12); // upwards
+  EXPECT_EQ(canvas.GetPixel(15, 13), Black);
+  EXPECT_EQ(canvas.GetPixel(15, 12), 0xFFFFFFu);
+}
+
+TEST(CanvasLines, DottedPenAlternatesPixels) {
+  Canvas canvas(20, 4);
+  canvas.SelectPen(PS_DOT, 1, Red);
+  canvas.MoveTo(0, 1);
+  canvas.LineTo(8, 1);
+  for (int x = 0; x < 8; ++x) {
+    EXPECT_EQ(canvas.GetPixel(x, 1), x % 2 == 0 ? Red : 0xFFFFFFu) << x;
+  }
+}
+
+TEST(CanvasShapes, EllipseAndRectangleFillLeftTopToRightBottomMinusOne) {
+  Canvas canvas(30, 30);
+  canvas.SelectPen(PS_SOLID, 1, Red);
+  canvas.SelectBrush(Blue);
+  canvas.Rectangle({2, 2, 10, 8});
+  EXPECT_EQ(canvas.GetPixel(2, 2), Red);
+  EXPECT_EQ(canvas.GetPixel(9, 7), Red);
+  EXPECT_EQ(canvas.GetPixel(10, 7), White);
+  EXPECT_EQ(canvas.GetPixel(5, 5), Blue);
+  canvas.Ellipse({10, 10, 26, 20});
+  EXPECT_EQ(canvas.GetPixel(18, 15), Blue); // centre
+  EXPECT_EQ(canvas.GetPixel(10, 15), Red);  // left rim
+  EXPECT_EQ(canvas.GetPixel(25, 15), Red);  // right rim, at right - 1
+  EXPECT_EQ(canvas.GetPixel(26, 15), White);
+  EXPECT_EQ(canvas.GetPixel(10, 10), White); // corners stay clear
+}
+
+TEST(CanvasEdges, RaisedAndSunkenRingsInTheClassicColours) {
+  Canvas canvas(20, 20);
+  Rect inside = canvas.DrawEdge({0, 0, 10, 10}, EDGE_RAISED, BF_RECT | BF_MIDDLE | BF_ADJUST);
+  EXPECT_EQ(inside, (Rect{2, 2, 8, 8}));
+  EXPECT_EQ(canvas.GetPixel(0, 5), Light);
+  EXPECT_EQ(canvas.GetPixel(1, 5), White);
+  EXPECT_EQ(canvas.GetPixel(9, 5), Black);
+  EXPECT_EQ(canvas.GetPixel(8, 5), Shadow);
+  EXPECT_EQ(canvas.GetPixel(9, 0), Black); // the bottom-right colour takes the corners
+  EXPECT_EQ(canvas.GetPixel(0, 9), Black);
+  EXPECT_EQ(canvas.GetPixel(5, 5), Face);
+  canvas.DrawEdge({10, 10, 20, 20}, EDGE_SUNKEN, BF_RECT);
+  EXPECT_EQ(canvas.GetPixel(10, 15), Shadow);
+  EXPECT_EQ(canvas.GetPixel(11, 15), Black);
+  EXPECT_EQ(canvas.GetPixel(19, 15), White);
+  EXPECT_EQ(canvas.GetPixel(18, 15), Light);
+  EXPECT_EQ(canvas.GetPixel(15, 15), White); // no BF_MIDDLE
+  EXPECT_EQ(canvas.DrawEdge({0, 0, 4, 4}, EDGE_ETCHED, BF_LEFT), (Rect{0, 0, 4, 4}));
+}
+
+TEST(CanvasEdges, FlatEdgeIsAShadowFrameAndSidesAreOptional) {
+  Canvas canvas(10, 10);
+  canvas.DrawEdge({0, 0, 10, 10}, EDGE_RAISED, BF_TOP | BF_FLAT);
+  EXPECT_EQ(canvas.GetPixel(5, 0), Shadow);
+  EXPECT_EQ(canvas.GetPixel(5, 1), Face);
+  EXPECT_EQ(canvas.GetPixel(0, 5), White);
+  EXPECT_EQ(canvas.GetPixel(5, 9), White);
+}
+
+TEST(CanvasFrames, ArrowGlyphIsCentredAndPushedMovesIt) {
+  Canvas canvas(40, 20);
+  canvas.DrawFrameControl({0, 0, 16, 16}, DFC_SCROLL, DFCS_SCROLLDOWN);
+  // A 7 x 4 triangle, tip down, in the 12 x 12 face: rows 6..9.
+  EXPECT_EQ(canvas.GetPixel(4, 6), Black);
+  EXPECT_EQ(canvas.GetPixel(10, 6), Black);
+  EXPECT_EQ(canvas.GetPixel(7, 9), Black);
+  EXPECT_EQ(canvas.GetPixel(6, 9), Face);
+  EXPECT_EQ(canvas.GetPixel(7, 10), Face);
+  canvas.DrawFrameControl({20, 0, 36, 16}, DFC_SCROLL, DFCS_SCROLLDOWN | DFCS_PUSHED);
+  EXPECT_EQ(canvas.GetPixel(28, 10), Black);
+  EXPECT_EQ(canvas.GetPixel(20, 0), Shadow);
+  EXPECT_EQ(canvas.GetPixel(21, 1), Black);
+}
+
+TEST(CanvasFrames, InactiveGlyphIsEtched) {
+  Canvas canvas(16, 16);
+  canvas.DrawFrameControl({0, 0, 16, 16}, DFC_SCROLL, DFCS_SCROLLUP | DFCS_INACTIVE);
+  EXPECT_EQ(canvas.GetPixel(7, 6), Shadow);  // tip
+  EXPECT_EQ(canvas.GetPixel(8, 7), Shadow);  // grey over its own highlight
+  EXPECT_EQ(canvas.GetPixel(11, 10), White); // the highlight shows right of the base
+}
+
+TEST(CanvasFrames, FocusRectInvertsAlternatePixelsAndTwiceRestores) {
+  Canvas canvas(10, 10);
+  canvas.DrawFocusRect({0, 0, 10, 10});
+  EXPECT_EQ(canvas.GetPixel(0, 0), Black);
+  EXPECT_EQ(canvas.GetPixel(1, 0), White);
+  EXPECT_EQ(canvas.GetPixel(9, 1), Black);
+  EXPECT_EQ(canvas.GetPixel(4, 4), White);
+  canvas.DrawFocusRect({0, 0, 10, 10});
+  EXPECT_EQ(canvas.GetPixel(0, 0), White);
+}
+
+TEST(CanvasText, OpaqueBackgroundCoversOnlyTheTextAndClipsToTheRectangle) {
+  Canvas canvas(100, 30);
+  canvas.SetBkColor(Blue);
+  Size extent = canvas.GetTextExtent("Wide text");
+  EXPECT_GT(extent.cx, 20);
+  EXPECT_GT(extent.cy, 8);
+  canvas.DrawText("Wide text", Rect{0, 0, 20, 30}, DT_LEFT | DT_SINGLELINE);
+  EXPECT_EQ(canvas.GetPixel(0, 0), Blue);
+  EXPECT_EQ(canvas.GetPixel(25, 2), White);            // clipped at the right
+  EXPECT_EQ(canvas.GetPixel(2, extent.cy + 2), White); // below the text
+  Rect calc{10, 5, 10, 5};
+  canvas.DrawText("Wide text", &calc, DT_CALCRECT | DT_SINGLELINE);
+  EXPECT_EQ(calc, (Rect{10, 5, 10 + extent.cx, 5 + extent.cy}));
+}
+
+TEST(CanvasText, PrefixUnderlinesTheMnemonicAndDoubleAmpersandIsOne) {
+  Canvas canvas(10, 10);
+  Rect doubled{0, 0, 0, 0};
+  canvas.DrawText("a&&b", &doubled, DT_CALCRECT | DT_SINGLELINE);
+  EXPECT_EQ(doubled.right, canvas.GetTextExtent("a&b").cx);
+  Rect plain{0, 0, 0, 0};
+  Rect prefixed{0, 0, 0, 0};
+  canvas.DrawText("&Today", &prefixed, DT_CALCRECT | DT_SINGLELINE);
+  canvas.DrawText("Today", &plain, DT_CALCRECT | DT_SINGLELINE);
+  EXPECT_EQ(prefixed, plain);
+  canvas.DrawText("&Today", &prefixed, DT_CALCRECT | DT_SINGLELINE | DT_NOPREFIX);
+  EXPECT_GT(prefixed.right, plain.right);
+}
+
+} // namespace
+} // namespace tarnbrook
