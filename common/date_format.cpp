@@ -362,9 +362,13 @@ thread_local FormatCache<CompileLocalePattern> localePatterns;
 class Output {
 public:
   void Append(std::string_view text) {
-    if (!spilled_ && size_ + text.size() <= sizeof local_) {
-      std::memcpy(local_ + size_, text.data(), text.size());
-      size_ += text.size();
+    if (!spilled_ && text.size() <= sizeof local_ - size_) {
+      if (text.size() == 1) { // separators: no call to memcpy
+        local_[size_++] = text[0];
+      } else {
+        std::memcpy(local_ + size_, text.data(), text.size());
+        size_ += text.size();
+      }
       return;
     }
     if (!spilled_) {
@@ -373,21 +377,33 @@ public:
     }
     spill_ += text;
   }
+  // Decimal digits of a number that is never negative, zero-padded to `minDigits`.
   void Number(int value, int minDigits) {
-    char digits[12];
-    char* end = digits + sizeof digits;
-    char* p = end;
-    const bool negative = value < 0;
-    unsigned magnitude =
-        negative ? 0u - static_cast<unsigned>(value) : static_cast<unsigned>(value);
-    do {
-      *--p = static_cast<char>('0' + magnitude % 10);
-      magnitude /= 10;
-    } while (magnitude != 0 || end - p < minDigits);
-    if (negative) {
-      *--p = '-';
+    auto magnitude = static_cast<unsigned>(value);
+    if (magnitude < 100 && minDigits <= 2 && !spilled_ && sizeof local_ - size_ >= 2) {
+      if (magnitude >= 10 || minDigits == 2) { // days, months, hours ...
+        local_[size_++] = static_cast<char>('0' + magnitude / 10);
+      }
+      local_[size_++] = static_cast<char>('0' + magnitude % 10);
+      return;
     }
-    Append(std::string_view(p, static_cast<size_t>(end - p)));
+    char digits[16];
+    size_t count = 1;
+    for (unsigned rest = magnitude; rest >= 10; rest /= 10) {
+      ++count;
+    }
+    count = count < static_cast<size_t>(minDigits) ? static_cast<size_t>(minDigits) : count;
+    const bool direct = !spilled_ && count <= sizeof local_ - size_;
+    char* const start = direct ? local_ + size_ : digits;
+    for (size_t k = count; k > 0; --k) {
+      start[k - 1] = static_cast<char>('0' + magnitude % 10);
+      magnitude /= 10;
+    }
+    if (direct) {
+      size_ += count;
+    } else {
+      Append(std::string_view(digits, count));
+    }
   }
   std::string Take() { return spilled_ ? std::move(spill_) : std::string(local_, size_); }
 
