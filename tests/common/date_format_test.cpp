@@ -139,3 +139,29 @@ TEST(FormatDate, OutOfRangeValuesAndSettingsRaise5) {
   EXPECT_EQ(RaisedNumber(kEvening, "ww", 1, 4), rtInvalidProcedureCall);
   EXPECT_EQ(RaisedNumber(kEvening, "ww", 0, 0), 0);
 }
+
+TEST(FormatDate, LocalePatternLetters) {
+  Locale custom = Locale::EnglishUS();
+  custom.TimePattern = "h 'o''clock' t|tt|H|HH|m|s\\s";
+  custom.ShortDatePattern = "y|yy|yyy|MMMMM|ddddd";
+  const DateValue morning = DateValueFromCivil({2005, 7, 4}, {0, 5, 6});
+  EXPECT_EQ(FormatDate(morning, "Long Time", 0, 0, custom), "12 oclock A|AM|0|00|5|6s");
+  EXPECT_EQ(FormatDate(morning, "Short Date", 0, 0, custom), "5|05|2005|July7|Monday");
+}
+
+TEST(FormatDate, LongResultsAndManyFormatsInTurn) {
+  const std::string format(40, 'd');
+  std::string expected;
+  for (int i = 0; i < 6; ++i) {
+    expected += "Saturday, November 21, 2026";
+  }
+  expected += "Saturday";
+  EXPECT_EQ(FormatDate(kEvening, format), expected);
+  // More formats than are kept compiled, then the first ones again.
+  for (int round = 0; round < 2; ++round) {
+    for (int width = 1; width <= 40; ++width) {
+      const std::string yearDashes = "yyyy" + std::string(static_cast<size_t>(width), '-');
+      ASSERT_EQ(FormatDate(kEvening, yearDashes), "2026" + std::string(size_t(width), '-'));
+    }
+  }
+}
