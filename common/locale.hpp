@@ -53,6 +53,8 @@ void SetCurrentLocale(const Locale& locale);
 
 // GetLocaleInfo: writes the item into `buffer` (at most `bufferSize` - 1 characters and a NUL)
 // and returns the number of characters written including the NUL; 0 for an unknown item.
+// Sizes count UTF-8 bytes. With `bufferSize` 0 it returns the size needed; a buffer too small
+// gets the leading characters that fit, without a NUL, and 0 is returned.
 int GetLocaleInfo(uint32_t lcid, uint32_t item, char* buffer, int bufferSize);
 // The item as the picker reads it: a 100-character buffer, the text cut at the first NUL.
 std::string ReadLocaleItem(uint32_t item);
