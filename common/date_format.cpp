@@ -336,8 +336,9 @@ public:
       }
     }
     Entry& entry = entries_[next_];
-    entry.key.assign(key);
+    entry.used = false; // until the new key and its compiled form agree
     entry.compiled = Compile(key);
+    entry.key.assign(key);
     entry.used = true;
     last_ = next_;
     next_ = (next_ + 1) % entries_.size();
