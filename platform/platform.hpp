@@ -22,6 +22,21 @@ struct MOUSEHOOKSTRUCT {
   uintptr_t dwExtraInfo;
 };
 
+// The records WH_CALLWNDPROC and WH_CALLWNDPROCRET hooks receive through lParam.
+struct CWPSTRUCT {
+  LPARAM lParam;
+  WPARAM wParam;
+  UINT message;
+  HWND hwnd;
+};
+struct CWPRETSTRUCT {
+  LRESULT lResult;
+  LPARAM lParam;
+  WPARAM wParam;
+  UINT message;
+  HWND hwnd;
+};
+
 // The record a WH_GETMESSAGE hook receives through lParam.
 struct MSG {
   HWND hwnd = 0;

@@ -206,7 +206,7 @@ private:
   void Dispatch(const MSG& msg);
   void Translate(const MSG& keyDown);
   bool RunInputHooks(QueuedMessage& entry);
-  bool PaintNext(const MemoryWindow& window);
+  HWND NextToPaint(const MemoryWindow& window);
   void InjectMouse(UINT clientMessage, Point screen);
   void InjectKey(UINT message, int virtualKey);
   WPARAM MouseKeyFlags();

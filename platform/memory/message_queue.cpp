@@ -32,12 +32,23 @@ bool IsButtonDown(UINT msg) {
 
 } // namespace
 
+// The WH_CALLWNDPROC hooks see the message before the window does, WH_CALLWNDPROCRET
+// hooks see it with its result; neither can stop it.
 LRESULT MemoryPlatform::SendMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
+  if (!Find(hwnd)) {
+    return 0;
+  }
+  constexpr WPARAM SentByThisThread = 1;
+  CWPSTRUCT call{lParam, wParam, msg, hwnd};
+  RunHookChain(WH_CALLWNDPROC, HC_ACTION, SentByThisThread, reinterpret_cast<LPARAM>(&call));
   MemoryWindow* window = Find(hwnd);
   if (!window) {
     return 0;
   }
-  return CallWindowProc(window->proc, hwnd, msg, wParam, lParam);
+  LRESULT result = CallWindowProc(window->proc, hwnd, msg, wParam, lParam);
+  CWPRETSTRUCT done{result, lParam, wParam, msg, hwnd};
+  RunHookChain(WH_CALLWNDPROCRET, HC_ACTION, SentByThisThread, reinterpret_cast<LPARAM>(&done));
+  return result;
 }
 
 // Handle 0 posts to the thread: only a WM_TIMER carrying its procedure does anything there.
@@ -50,16 +61,19 @@ bool MemoryPlatform::PostMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lPar
   return true;
 }
 
+// When the queue runs dry, a window that needs painting gets its WM_PAINT.
 void MemoryPlatform::PumpMessages() {
   for (;;) {
-    if (queue_.empty()) {
-      if (!PaintNext(*Find(desktop_))) {
-        return;
-      }
-      continue;
+    QueuedMessage entry;
+    if (!queue_.empty()) {
+      entry = queue_.front();
+      queue_.pop_front();
+    } else if (HWND hwnd = NextToPaint(*Find(desktop_))) {
+      Find(hwnd)->invalid = false;
+      entry.msg = {hwnd, WM_PAINT, 0, 0, GetTickCount(), cursorPos_};
+    } else {
+      return;
     }
-    QueuedMessage entry = queue_.front();
-    queue_.pop_front();
     if (entry.input && !RunInputHooks(entry)) {
       continue;
     }
@@ -107,31 +121,33 @@ void MemoryPlatform::Translate(const MSG& keyDown) {
   }
 }
 
+// Posted messages go straight to the window procedure, passing no WH_CALLWNDPROC hook;
 // WM_TIMER with a procedure in lParam calls that procedure, as DispatchMessage does.
 void MemoryPlatform::Dispatch(const MSG& msg) {
   if (msg.message == WM_TIMER && msg.lParam != 0) {
     reinterpret_cast<TIMERPROC>(msg.lParam)(msg.hwnd, WM_TIMER, msg.wParam, GetTickCount());
     return;
   }
-  SendMessage(msg.hwnd, msg.message, msg.wParam, msg.lParam);
+  if (MemoryWindow* window = Find(msg.hwnd)) {
+    CallWindowProc(window->proc, msg.hwnd, msg.message, msg.wParam, msg.lParam);
+  }
 }
 
-// Sends WM_PAINT to the first invalid visible window, parents before children and
-// lower windows before upper ones; false when nothing needs painting.
-bool MemoryPlatform::PaintNext(const MemoryWindow& window) {
+// The first invalid visible window, parents before children and lower windows before
+// upper ones; 0 when nothing needs painting.
+HWND MemoryPlatform::NextToPaint(const MemoryWindow& window) {
   if (!(window.style & WS_VISIBLE)) {
-    return false;
+    return 0;
   }
   if (window.invalid && !IsDesktop(window.handle)) {
-    UpdateWindow(window.handle);
-    return true;
+    return window.handle;
   }
   for (HWND child : window.children) {
-    if (PaintNext(*Find(child))) {
-      return true;
+    if (HWND found = NextToPaint(*Find(child))) {
+      return found;
     }
   }
-  return false;
+  return 0;
 }
 
 HDC MemoryPlatform::GetDC(HWND hwnd) {
