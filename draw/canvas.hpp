@@ -102,7 +102,7 @@ public:
   Canvas(const Canvas&) = delete;
   Canvas& operator=(const Canvas&) = delete;
 
-  void Resize(int32_t width, int32_t height);
+  void Resize(int32_t width, int32_t height); // the same size keeps the pixels
   int32_t Width() const;
   int32_t Height() const;
 
