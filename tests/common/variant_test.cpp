@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <functional>
 
 #include "common/control_error.hpp"
@@ -20,20 +19,16 @@ int ErrorNumber(const std::function<void()>& action) {
   return 0;
 }
 
-TEST(VariantTest, BooleanFromTextAndNumbers) {
+TEST(VariantTest, BooleansAndWholeNumbers) {
   EXPECT_TRUE(Variant("True").ToBoolean());
   EXPECT_FALSE(Variant("false").ToBoolean());
-  EXPECT_TRUE(Variant("-1").ToBoolean());
   EXPECT_FALSE(Variant("0").ToBoolean());
   EXPECT_TRUE(Variant(0.25).ToBoolean());
-  EXPECT_FALSE(Variant().ToBoolean());
   EXPECT_EQ(ErrorNumber([] { Variant("yes").ToBoolean(); }), 13);
-}
 
-TEST(VariantTest, WholeNumbersRoundHalfToEvenAndOverflow) {
+  // Half to even, then the range.
   EXPECT_EQ(Variant(2.5).ToInteger(), 2);
   EXPECT_EQ(Variant(3.5).ToInteger(), 4);
-  EXPECT_EQ(Variant(-2.5).ToLong(), -2);
   EXPECT_EQ(Variant("12").ToInteger(), 12);
   EXPECT_EQ(Variant(true).ToInteger(), -1);
   EXPECT_EQ(Variant::Date(1.75).ToLong(), 2);
@@ -46,49 +41,34 @@ TEST(VariantTest, WholeNumbersRoundHalfToEvenAndOverflow) {
 TEST(VariantTest, DatesFromTextAndNumbers) {
   EXPECT_EQ(Variant("1/1/1601").ToDate(), DateSerial(1601, 1, 1));
   EXPECT_EQ(Variant(-1.25).ToDate(), -1.25);
-  EXPECT_EQ(Variant(int16_t(2)).ToDate(), 2.0);
   EXPECT_EQ(ErrorNumber([] { Variant(1e10).ToDate(); }), 6);
   EXPECT_EQ(ErrorNumber([] { Variant("not a date").ToDate(); }), 13);
 }
 
-TEST(VariantTest, TextOfEachType) {
+TEST(VariantTest, Text) {
   EXPECT_EQ(Variant().ToString(), "");
   EXPECT_EQ(Variant(true).ToString(), "True");
-  EXPECT_EQ(Variant(int16_t(-7)).ToString(), "-7");
   EXPECT_EQ(Variant::Date(DateSerial(9999, 12, 31) + TimeSerial(23, 59, 59)).ToString(),
             "12/31/9999 11:59:59 PM");
-  EXPECT_EQ(Variant::Date(DateSerial(1601, 1, 1)).ToString(), "1/1/1601");
-}
-
-TEST(VariantTest, DoublesShowFifteenDigitsAtMost) {
+  // Doubles: at most 15 significant digits, exponent form below 1E-04 and from 1E+15.
   EXPECT_EQ(Variant(0.5).ToString(), "0.5");
-  EXPECT_EQ(Variant(-2.25).ToString(), "-2.25");
   EXPECT_EQ(Variant(100.0).ToString(), "100");
   EXPECT_EQ(Variant(0.1 + 0.2).ToString(), "0.3");
-  EXPECT_EQ(Variant(123456789012345.0).ToString(), "123456789012345");
+  EXPECT_EQ(Variant(-123456789012345.0).ToString(), "-123456789012345");
   EXPECT_EQ(Variant(1e15).ToString(), "1E+15");
-  EXPECT_EQ(Variant(1e20).ToString(), "1E+20");
   EXPECT_EQ(Variant(0.0001).ToString(), "0.0001");
   EXPECT_EQ(Variant(1.5e-7).ToString(), "1.5E-07");
   EXPECT_EQ(Variant(-0.0).ToString(), "0");
 }
 
-TEST(VariantTest, NullConvertsToNothing) {
+TEST(VariantTest, NullAndObjectsConvertToNothingElse) {
   Variant null = Variant::Null();
-  for (auto convert : std::vector<std::function<void()>>{
+  for (const auto& convert : std::vector<std::function<void()>>{
            [&] { null.ToBoolean(); }, [&] { null.ToInteger(); }, [&] { null.ToLong(); },
-           [&] { null.ToDouble(); }, [&] { null.ToDate(); }, [&] { null.ToString(); }}) {
-    try {
-      convert();
-      ADD_FAILURE() << "Null converted";
-    } catch (const ControlError& error) {
-      EXPECT_EQ(error.Number(), 94);
-      EXPECT_EQ(error.Description(), "Invalid use of Null");
-    }
-  }
-}
+           [&] { null.ToDouble(); }, [&] { null.ToDate(); }, [&] { null.ToString(); }})
+    EXPECT_EQ(ErrorNumber(convert), 94);
+  EXPECT_EQ(RuntimeErrorText(94), "Invalid use of Null");
 
-TEST(VariantTest, ObjectsOnlyConvertToObjects) {
   auto font = std::make_shared<Font>();
   EXPECT_EQ(Variant(font).ToObject(), font);
   EXPECT_EQ(Variant(std::shared_ptr<Object>()).ToObject(), nullptr);
@@ -102,10 +82,10 @@ TEST(VariantTest, EqualityKeepsTypesApartExceptNumbers) {
   EXPECT_NE(Variant::Date(5), Variant(5.0));
   EXPECT_NE(Variant("5"), Variant(int32_t(5)));
   EXPECT_NE(Variant(true), Variant(int16_t(-1)));
-  EXPECT_NE(Variant(), Variant(int32_t(0)));
   EXPECT_NE(Variant(), Variant::Null());
   EXPECT_EQ(Variant::Null(), Variant::Null());
 
+  // Fonts and pictures compare by value.
   auto tahoma = std::make_shared<Font>();
   tahoma->Name = "Tahoma";
   auto same = std::make_shared<Font>(*tahoma);

@@ -1,10 +1,22 @@
 #pragma once
+#include <functional>
 #include <string>
 #include <vector>
 
+#include "common/control_error.hpp"
 #include "host/control.hpp"
 
 namespace tarnbrook {
+
+// The error an action raises; number 0 when it raises none.
+inline ControlError Raised(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const ControlError& error) {
+    return error;
+  }
+  return ControlError(0, "", "");
+}
 
 // A control for the host tests: logs what reaches it, paints itself one colour, and keeps
 // any property it is given so that form files can be checked value by value.
@@ -14,13 +26,16 @@ public:
   std::string ClassName() const override { return "ProbeControl"; }
 
   std::vector<std::string> log;
-  COLORREF color = 0x0000FF; // red
+  COLORREF color = 0x0000FF;
   int32_t number = 0;
-  MemoryPropertyBag extras; // properties other than "Number", kept as read
+  MemoryPropertyBag extras; // the properties other than "Number", as read
 
   void SetNumber(int32_t value) {
     number = value;
     PropertyChanged("Number");
+  }
+  static Variant DefaultUnlike(const Variant& v) {
+    return v.IsNull() ? Variant() : Variant::Null();
   }
 
   void InitProperties() override { log.push_back("InitProperties"); }
@@ -28,12 +43,12 @@ public:
     number = bag.ReadProperty("Number", int32_t(0)).ToLong(); // a bad type raises 13
     for (const auto& [key, value] : dynamic_cast<MemoryPropertyBag&>(bag).Entries())
       if (key != "Number")
-        extras.WriteProperty(key, value, value.IsNull() ? Variant() : Variant::Null());
+        extras.WriteProperty(key, value, DefaultUnlike(value));
   }
   void WriteProperties(PropertyBag& bag) override {
     bag.WriteProperty("Number", number, int32_t(0));
     for (const auto& [key, value] : extras.Entries())
-      bag.WriteProperty(key, value, value.IsNull() ? Variant() : Variant::Null());
+      bag.WriteProperty(key, value, DefaultUnlike(value));
   }
 
 protected:
@@ -47,15 +62,11 @@ protected:
     Mouse("MouseUp", button, shift, x, y);
   }
   void OnDblClick() override { log.push_back("DblClick"); }
-  void OnKeyDown(int16_t& keyCode, int16_t shift) override {
-    log.push_back("KeyDown " + std::to_string(keyCode) + " " + std::to_string(shift));
-  }
+  void OnKeyDown(int16_t& keyCode, int16_t shift) override { Key("KeyDown", keyCode, shift); }
   void OnKeyPress(int16_t& keyAscii) override {
     log.push_back("KeyPress " + std::string(1, char(keyAscii)));
   }
-  void OnKeyUp(int16_t& keyCode, int16_t shift) override {
-    log.push_back("KeyUp " + std::to_string(keyCode) + " " + std::to_string(shift));
-  }
+  void OnKeyUp(int16_t& keyCode, int16_t shift) override { Key("KeyUp", keyCode, shift); }
   void OnGotFocus() override { log.push_back("GotFocus"); }
   void OnLostFocus() override { log.push_back("LostFocus"); }
   void OnResize() override {
@@ -69,6 +80,9 @@ private:
   void Mouse(const char* what, int16_t button, int16_t shift, float x, float y) {
     log.push_back(std::string(what) + " " + std::to_string(button) + " " + std::to_string(shift) +
                   " " + std::to_string(int(x)) + "," + std::to_string(int(y)));
+  }
+  void Key(const char* what, int16_t keyCode, int16_t shift) {
+    log.push_back(std::string(what) + " " + std::to_string(keyCode) + " " + std::to_string(shift));
   }
 };
 
