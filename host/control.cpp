@@ -189,9 +189,8 @@ void Control::MouseButton(UINT msg, WPARAM wParam, LPARAM lParam) {
 }
 
 void Control::CopySurfaceToWindow() {
-  Canvas* window = Canvas::FromHandle(Platform::Current().GetDC(hwnd_));
-  if (window)
-    window->BitBlt(0, 0, surface_.Width(), surface_.Height(), surface_, 0, 0);
+  if (HDC window = Platform::Current().GetDC(hwnd_); window && surface_.hDC())
+    surface_.Draw(window);
 }
 
 } // namespace tarnbrook

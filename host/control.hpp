@@ -4,7 +4,7 @@
 
 #include "common/object.hpp"
 #include "common/property_bag.hpp"
-#include "draw/canvas.hpp"
+#include "draw/cmdc.hpp"
 #include "host/control_site.hpp"
 #include "platform/messages.hpp"
 
@@ -77,7 +77,7 @@ protected:
   void PropertyChanged(const std::string& key) { site_->PropertyChanged(key); }
 
   // The off-screen surface, the size of the client area.
-  Canvas& Surface() { return surface_; }
+  cMDC& Surface() { return surface_; }
 
 private:
   static LRESULT WindowProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
@@ -87,7 +87,7 @@ private:
 
   HWND hwnd_ = 0;
   ControlSite* site_ = &ControlSite::Standalone();
-  Canvas surface_;
+  cMDC surface_;
 };
 
 } // namespace tarnbrook

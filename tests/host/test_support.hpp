@@ -26,7 +26,7 @@ public:
   std::string ClassName() const override { return "ProbeControl"; }
 
   std::vector<std::string> log;
-  COLORREF color = 0x0000FF;
+  OleColor color = 0x0000FF;
   int32_t number = 0;
   MemoryPropertyBag extras; // the properties other than "Number", as read
 
@@ -73,7 +73,7 @@ protected:
     log.push_back("Resize " + std::to_string(Surface().Width()) + "x" +
                   std::to_string(Surface().Height()));
   }
-  void OnPaint() override { Surface().FillRect({0, 0, ScaleWidth(), ScaleHeight()}, color); }
+  void OnPaint() override { Surface().DrawBox(0, 0, ScaleWidth(), ScaleHeight(), 1, -1, color); }
   void OnTimer(uintptr_t id) override { log.push_back("Timer " + std::to_string(id)); }
 
 private:
