@@ -158,7 +158,10 @@ void Container::LoadFromText(const std::string& text, const std::string& fileNam
                   "control '" + record.Name + "' has the unknown class '" + record.ClassName + "'");
     if (record.Name.empty())
       LoadFailure(fileName, "a control of class '" + record.ClassName + "' has no name");
-    Entry entry = Place((*factory)(hwnd_), record.Name, record.Bounds);
+    std::unique_ptr<Control> control = (*factory)(hwnd_);
+    if (!control)
+      LoadFailure(fileName, "class '" + record.ClassName + "' made no control");
+    Entry entry = Place(std::move(control), record.Name, record.Bounds);
     entry.control->SetVisible(false);
     try {
       entry.control->ReadProperties(record.Properties);
