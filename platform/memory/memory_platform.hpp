@@ -20,8 +20,12 @@ namespace tarnbrook {
 // - Only a top-level window created with a title has a non-client area: a caption
 //   CaptionHeight pixels high above its client area (hit-test HTCAPTION).
 // - Input injections queue their messages and pump the queue at once. A mouse message
-//   goes to the capture window, else to the window under the point; the WH_MOUSE chain
-//   runs as it is retrieved and a nonzero result discards it.
+//   goes to the capture window, else to the window under the point (hidden and disabled
+//   windows are passed over); the WH_MOUSE chain runs as it is retrieved and a nonzero
+//   result discards it; a button going down then focuses its window. MouseDown and
+//   MouseUp move the pointer to their point first when it is elsewhere.
+// - Sent messages pass the WH_CALLWNDPROC(RET) hooks; retrieved ones (posted, input,
+//   WM_PAINT, WM_TIMER) pass WH_GETMESSAGE instead. Timers tick at least every 10 ms.
 // - Key injections follow the US keyboard: KeyDown also posts the WM_CHAR the key makes
 //   (as TranslateMessage would) unless Ctrl or Alt is held.
 // - FormatMessage texts end with "\r\n", as the system's do.
