@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "common/control_error.hpp"
+#include "common/conversions.hpp"
 #include "common/picture.hpp"
 
 namespace tarnbrook {
@@ -192,7 +193,8 @@ void cMDC::SetFont(const std::string& sFaceName, float nSize, bool bBold, bool b
     canvas_->SelectFont(font); // the previous font is gone before the new one is made
   }
   font.FaceName = sFaceName;
-  font.Height = static_cast<int32_t>(-(static_cast<double>(nSize) * PixelsPerInch / 72));
+  // Assigning the product to a whole-number field rounds it as the runtime does (half to even).
+  font.Height = CLng(-(static_cast<double>(nSize) * PixelsPerInch / 72));
   int32_t tenths = iRotation * 10;
   if (tenths < std::numeric_limits<int16_t>::min() ||
       tenths > std::numeric_limits<int16_t>::max()) {

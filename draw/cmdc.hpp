@@ -66,7 +66,7 @@ public:
   int32_t Width() const { return width_; }
   int32_t Height() const { return height_; }
 
-  // Height -(nSize x 96 / 72) truncated, escapement iRotation x 10 (error 6 beyond 16 bits).
+  // Height -(nSize x 96 / 72) rounded half to even, escapement iRotation x 10 (error 6 beyond 16 bits).
   void SetFont(const std::string& sFaceName, float nSize, bool bBold = false, bool bItalic = false,
                bool bStrikeOut = false, bool bUnderline = false, int16_t iRotation = 0);
 

@@ -107,8 +107,10 @@ TEST(cMDC, SetFontHeightFromPointsAndRotationInTenths) {
   EXPECT_EQ(font.Escapement, 900);
   EXPECT_TRUE(font.Italic && font.StrikeOut && !font.Underline);
   surface.SetFont("Tahoma", 8.0f);
-  EXPECT_EQ(Canvas::FromHandle(surface.hDC())->SelectedFont().Height, -10); // 10.67 truncated
+  EXPECT_EQ(Canvas::FromHandle(surface.hDC())->SelectedFont().Height, -11); // 10.67 rounded
   EXPECT_EQ(Canvas::FromHandle(surface.hDC())->SelectedFont().Weight, 400);
+  surface.SetFont("Tahoma", 8.625f);
+  EXPECT_EQ(Canvas::FromHandle(surface.hDC())->SelectedFont().Height, -12); // 11.5 to even
 }
 
 TEST(cMDC, DrawTextFlagsPlaceTheInk) {
