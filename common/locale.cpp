@@ -8,31 +8,24 @@ namespace tarnbrook {
 namespace {
 
 Locale MakeEnglishUS() {
-  static const char* const months[12] = {"January",   "February", "March",    "April",
-                                         "May",       "June",     "July",     "August",
-                                         "September", "October",  "November", "December"};
-  static const char* const days[7] = {"Sunday",   "Monday", "Tuesday", "Wednesday",
-                                      "Thursday", "Friday", "Saturday"};
-  Locale locale;
-  locale.Name = "en-US";
-  for (int i = 0; i < 12; ++i) {
-    locale.MonthNames[i] = months[i];
-    locale.AbbrevMonthNames[i] = std::string(months[i], 3);
-  }
-  for (int i = 0; i < 7; ++i) {
-    locale.DayNames[i] = days[i];
-    locale.AbbrevDayNames[i] = std::string(days[i], 3);
-  }
-  locale.AmDesignator = "AM";
-  locale.PmDesignator = "PM";
-  locale.ShortDatePattern = "M/d/yyyy";
-  locale.LongDatePattern = "dddd, MMMM d, yyyy";
-  locale.TimePattern = "h:mm:ss tt";
-  locale.DateSeparator = "/";
-  locale.TimeSeparator = ":";
-  locale.FirstDayOfWeek = 1;
-  locale.FirstWeekOfYear = 1;
-  return locale;
+  return Locale{
+      .Name = "en-US",
+      .MonthNames = {"January", "February", "March", "April", "May", "June", "July", "August",
+                     "September", "October", "November", "December"},
+      .AbbrevMonthNames = {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct",
+                           "Nov", "Dec"},
+      .DayNames = {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"},
+      .AbbrevDayNames = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"},
+      .AmDesignator = "AM",
+      .PmDesignator = "PM",
+      .ShortDatePattern = "M/d/yyyy",
+      .LongDatePattern = "dddd, MMMM d, yyyy",
+      .TimePattern = "h:mm:ss tt",
+      .DateSeparator = "/",
+      .TimeSeparator = ":",
+      .FirstDayOfWeek = 1,
+      .FirstWeekOfYear = 1,
+  };
 }
 
 Locale& CurrentLocaleStorage() {

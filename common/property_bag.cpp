@@ -2,20 +2,13 @@
 
 #include <algorithm>
 
+#include "common/text.hpp"
+
 namespace tarnbrook {
-namespace {
-
-bool SameKey(const std::string& a, const std::string& b) {
-  auto lower = [](unsigned char c) { return (c >= 'A' && c <= 'Z') ? c - 'A' + 'a' : c; };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [&](char x, char y) { return lower(x) == lower(y); });
-}
-
-} // namespace
 
 Variant MemoryPropertyBag::ReadProperty(const std::string& name, const Variant& defaultValue) {
   for (const auto& [key, value] : entries_)
-    if (SameKey(key, name))
+    if (EqualsIgnoreCaseAscii(key, name))
       return value;
   return defaultValue;
 }
@@ -23,7 +16,7 @@ Variant MemoryPropertyBag::ReadProperty(const std::string& name, const Variant& 
 void MemoryPropertyBag::WriteProperty(const std::string& name, const Variant& value,
                                       const Variant& defaultValue) {
   auto entry = std::find_if(entries_.begin(), entries_.end(),
-                            [&](const auto& e) { return SameKey(e.first, name); });
+                            [&](const auto& e) { return EqualsIgnoreCaseAscii(e.first, name); });
   if (value == defaultValue) {
     if (entry != entries_.end())
       entries_.erase(entry);
@@ -36,7 +29,7 @@ void MemoryPropertyBag::WriteProperty(const std::string& name, const Variant& va
 
 bool MemoryPropertyBag::Contains(const std::string& name) const {
   return std::any_of(entries_.begin(), entries_.end(),
-                     [&](const auto& e) { return SameKey(e.first, name); });
+                     [&](const auto& e) { return EqualsIgnoreCaseAscii(e.first, name); });
 }
 
 } // namespace tarnbrook

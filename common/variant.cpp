@@ -10,6 +10,7 @@
 #include "common/date_format.hpp"
 #include "common/font.hpp"
 #include "common/picture.hpp"
+#include "common/text.hpp"
 
 namespace tarnbrook {
 namespace {
@@ -28,17 +29,6 @@ enum Alternative : size_t {
   kString,
   kObject,
 };
-
-bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
-  if (a.size() != b.size())
-    return false;
-  for (size_t i = 0; i < a.size(); ++i) {
-    auto lower = [](char c) { return (c >= 'A' && c <= 'Z') ? char(c - 'A' + 'a') : c; };
-    if (lower(a[i]) != lower(b[i]))
-      return false;
-  }
-  return true;
-}
 
 // The runtime shows a double with at most 15 significant digits, in exponent form
 // ("1E+20", "1.5E-07") below 1E-04 and from 1E+15 on.
@@ -66,7 +56,7 @@ std::string DoubleToText(double value) {
   if (exponent < -4 || exponent >= 15) {
     result += digits[0];
     if (digits.size() > 1)
-      result += "." + digits.substr(1);
+      result.append(".").append(digits, 1);
     std::snprintf(buffer, sizeof buffer, "E%c%02d", exponent < 0 ? '-' : '+', std::abs(exponent));
     return result + buffer;
   }
@@ -116,9 +106,9 @@ VbVarType Variant::VarType() const {
 
 bool Variant::ToBoolean() const {
   if (auto* s = std::get_if<std::string>(&value_)) {
-    if (EqualsIgnoringCase(*s, "True"))
+    if (EqualsIgnoreCaseAscii(*s, "True"))
       return true;
-    if (EqualsIgnoringCase(*s, "False"))
+    if (EqualsIgnoreCaseAscii(*s, "False"))
       return false;
     return CDbl(*s) != 0;
   }

@@ -9,4 +9,4 @@ cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DTARNBROOK_TESTS=OFF
   -DTARNBROOK_BENCH=OFF >/dev/null
 cmake --build "$build" -j"$(nproc)" --target gallery
 mkdir -p out
-"$build/gallery" out/gallery.png
+"$build/apps/gallery" out/gallery.png
