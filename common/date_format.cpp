@@ -113,6 +113,23 @@ size_t AddEscaped(CompiledFormat& out, std::string_view format, size_t at) {
   return at + 1 + length;
 }
 
+// Quoted text, an escaped character and the two separators read the same in both
+// languages; returns the position after such a piece, or `at` when there is none.
+size_t AddLiteralPiece(CompiledFormat& out, std::string_view format, size_t at, char quote) {
+  switch (format[at]) {
+  case '\\':
+    return AddEscaped(out, format, at);
+  case '/':
+    out.Add(Code::DateSeparator);
+    return at + 1;
+  case ':':
+    out.Add(Code::TimeSeparator);
+    return at + 1;
+  default:
+    return format[at] == quote ? AddQuoted(out, format, at, quote) : at;
+  }
+}
+
 // The runtime's user-defined codes, read without regard to case.
 CompiledFormat CompileUserFormat(std::string_view format) {
   CompiledFormat out;
@@ -123,23 +140,13 @@ CompiledFormat CompileUserFormat(std::string_view format) {
     afterHour = c == Code::Hour24 || c == Code::Hour24Padded;
   };
   for (size_t i = 0; i < format.size();) {
+    if (const size_t next = AddLiteralPiece(out, format, i, '"'); next != i) {
+      i = next;
+      continue;
+    }
     const char c = ToLowerAscii(format[i]);
     const size_t run = RunLength(format, i, c, true);
     switch (c) {
-    case '"':
-      i = AddQuoted(out, format, i, '"');
-      continue;
-    case '\\':
-      i = AddEscaped(out, format, i);
-      continue;
-    case '/':
-      out.Add(Code::DateSeparator);
-      ++i;
-      continue;
-    case ':':
-      out.Add(Code::TimeSeparator);
-      ++i;
-      continue;
     case 'd': {
       static constexpr Code days[] = {Code::Day,     Code::Day2,      Code::DayAbbrev,
                                       Code::DayName, Code::ShortDate, Code::LongDate};
@@ -260,23 +267,13 @@ CompiledFormat CompileFormat(std::string_view format) {
 CompiledFormat CompileLocalePattern(std::string_view pattern) {
   CompiledFormat out;
   for (size_t i = 0; i < pattern.size();) {
+    if (const size_t next = AddLiteralPiece(out, pattern, i, '\''); next != i) {
+      i = next;
+      continue;
+    }
     const char c = pattern[i];
     const size_t run = RunLength(pattern, i, c, false);
     switch (c) {
-    case '\'':
-      i = AddQuoted(out, pattern, i, '\'');
-      continue;
-    case '\\':
-      i = AddEscaped(out, pattern, i);
-      continue;
-    case '/':
-      out.Add(Code::DateSeparator);
-      ++i;
-      continue;
-    case ':':
-      out.Add(Code::TimeSeparator);
-      ++i;
-      continue;
     case 'd': {
       static constexpr Code days[] = {Code::Day, Code::Day2, Code::DayAbbrev, Code::DayName};
       out.Add(days[(run < 4 ? run : 4) - 1]);
