@@ -6,20 +6,9 @@
 #include "common/control_error.hpp"
 #include "common/conversions.hpp"
 
+#include "tests/support/raised.hpp"
+
 using namespace tarnbrook;
-
-namespace {
-
-template <typename Call> int RaisedNumber(Call call) {
-  try {
-    call();
-  } catch (const ControlError& error) {
-    return error.Number();
-  }
-  return 0;
-}
-
-} // namespace
 
 TEST(Conversions, ValReadsTheLeadingNumber) {
   const struct {

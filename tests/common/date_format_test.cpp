@@ -7,6 +7,8 @@
 #include "common/date_format.hpp"
 #include "common/locale.hpp"
 
+#include "tests/support/raised.hpp"
+
 using namespace tarnbrook;
 
 namespace {
@@ -14,13 +16,8 @@ namespace {
 // 21 November 2026 (a Saturday), 17:04:09.
 const DateValue kEvening = DateValueFromCivil({2026, 11, 21}, {17, 4, 9});
 
-int RaisedNumber(DateValue value, std::string_view format, int firstDay = 1, int firstWeek = 1) {
-  try {
-    FormatDate(value, format, firstDay, firstWeek);
-  } catch (const ControlError& error) {
-    return error.Number();
-  }
-  return 0;
+int FormatError(DateValue value, std::string_view format, int firstDay = 1, int firstWeek = 1) {
+  return RaisedNumber([&] { FormatDate(value, format, firstDay, firstWeek); });
 }
 
 } // namespace
@@ -133,11 +130,11 @@ TEST(FormatDate, GermanLocaleFromIcu) {
 }
 
 TEST(FormatDate, OutOfRangeValuesAndSettingsRaise5) {
-  EXPECT_EQ(RaisedNumber(MaxDateValue + 1, "yyyy"), rtInvalidProcedureCall);
-  EXPECT_EQ(RaisedNumber(MinDateValue - 1, ""), rtInvalidProcedureCall);
-  EXPECT_EQ(RaisedNumber(kEvening, "w", 8), rtInvalidProcedureCall);
-  EXPECT_EQ(RaisedNumber(kEvening, "ww", 1, 4), rtInvalidProcedureCall);
-  EXPECT_EQ(RaisedNumber(kEvening, "ww", 0, 0), 0);
+  EXPECT_EQ(FormatError(MaxDateValue + 1, "yyyy"), rtInvalidProcedureCall);
+  EXPECT_EQ(FormatError(MinDateValue - 1, ""), rtInvalidProcedureCall);
+  EXPECT_EQ(FormatError(kEvening, "w", 8), rtInvalidProcedureCall);
+  EXPECT_EQ(FormatError(kEvening, "ww", 1, 4), rtInvalidProcedureCall);
+  EXPECT_EQ(FormatError(kEvening, "ww", 0, 0), 0);
 }
 
 TEST(FormatDate, LocalePatternLetters) {

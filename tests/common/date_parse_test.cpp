@@ -6,6 +6,8 @@
 #include "common/date_runtime.hpp"
 #include "common/locale.hpp"
 
+#include "tests/support/raised.hpp"
+
 using namespace tarnbrook;
 
 namespace {
@@ -14,13 +16,8 @@ DateValue At(int year, int month, int day, int hour = 0, int minute = 0, int sec
   return DateValueFromCivil({year, month, day}, {hour, minute, second});
 }
 
-int RaisedNumber(std::string_view text) {
-  try {
-    CDate(text);
-  } catch (const ControlError& error) {
-    return error.Number();
-  }
-  return 0;
+int ParseError(std::string_view text) {
+  return RaisedNumber([&] { CDate(text); });
 }
 
 } // namespace
@@ -60,7 +57,7 @@ TEST(CDate, TextThatIsNoDateRaises13) {
   for (const char* text : {"", "   ", "hello", "2/30/2026", "13/13/2026", "2/29/2027", "25:00",
                            "10:61", "13:00 PM", "11/21", "5", "1/1/10000", "11/21/2026 x",
                            "11/21/2026 5:00 6:00", "Smarch 3, 2026", "11/21/2026;"}) {
-    EXPECT_EQ(RaisedNumber(text), rtTypeMismatch) << '"' << text << '"';
+    EXPECT_EQ(ParseError(text), rtTypeMismatch) << '"' << text << '"';
     EXPECT_FALSE(IsDate(text)) << text;
   }
   EXPECT_TRUE(IsDate("11/21/2026"));

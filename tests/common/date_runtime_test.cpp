@@ -4,18 +4,11 @@
 #include "common/date_runtime.hpp"
 #include "common/locale.hpp"
 
+#include "tests/support/raised.hpp"
+
 using namespace tarnbrook;
 
 namespace {
-
-template <typename Call> int RaisedNumber(Call call) {
-  try {
-    call();
-  } catch (const ControlError& error) {
-    return error.Number();
-  }
-  return 0;
-}
 
 DateValue At(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
   return DateValueFromCivil({year, month, day}, {hour, minute, second});

@@ -6,25 +6,17 @@
 #include "common/date_runtime.hpp"
 #include "common/font.hpp"
 #include "common/variant.hpp"
+#include "tests/support/raised.hpp"
 
 namespace tarnbrook {
 namespace {
-
-int ErrorNumber(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const ControlError& error) {
-    return error.Number();
-  }
-  return 0;
-}
 
 TEST(VariantTest, BooleansAndWholeNumbers) {
   EXPECT_TRUE(Variant("True").ToBoolean());
   EXPECT_FALSE(Variant("false").ToBoolean());
   EXPECT_FALSE(Variant("0").ToBoolean());
   EXPECT_TRUE(Variant(0.25).ToBoolean());
-  EXPECT_EQ(ErrorNumber([] { Variant("yes").ToBoolean(); }), 13);
+  EXPECT_EQ(RaisedNumber([] { Variant("yes").ToBoolean(); }), 13);
 
   // Half to even, then the range.
   EXPECT_EQ(Variant(2.5).ToInteger(), 2);
@@ -32,17 +24,17 @@ TEST(VariantTest, BooleansAndWholeNumbers) {
   EXPECT_EQ(Variant("12").ToInteger(), 12);
   EXPECT_EQ(Variant(true).ToInteger(), -1);
   EXPECT_EQ(Variant::Date(1.75).ToLong(), 2);
-  EXPECT_EQ(ErrorNumber([] { Variant(32767.5).ToInteger(); }), 6);
-  EXPECT_EQ(ErrorNumber([] { Variant(int32_t(40000)).ToInteger(); }), 6);
-  EXPECT_EQ(ErrorNumber([] { Variant(2147483647.5).ToLong(); }), 6);
-  EXPECT_EQ(ErrorNumber([] { Variant("1x").ToLong(); }), 13);
+  EXPECT_EQ(RaisedNumber([] { Variant(32767.5).ToInteger(); }), 6);
+  EXPECT_EQ(RaisedNumber([] { Variant(int32_t(40000)).ToInteger(); }), 6);
+  EXPECT_EQ(RaisedNumber([] { Variant(2147483647.5).ToLong(); }), 6);
+  EXPECT_EQ(RaisedNumber([] { Variant("1x").ToLong(); }), 13);
 }
 
 TEST(VariantTest, DatesFromTextAndNumbers) {
   EXPECT_EQ(Variant("1/1/1601").ToDate(), DateSerial(1601, 1, 1));
   EXPECT_EQ(Variant(-1.25).ToDate(), -1.25);
-  EXPECT_EQ(ErrorNumber([] { Variant(1e10).ToDate(); }), 6);
-  EXPECT_EQ(ErrorNumber([] { Variant("not a date").ToDate(); }), 13);
+  EXPECT_EQ(RaisedNumber([] { Variant(1e10).ToDate(); }), 6);
+  EXPECT_EQ(RaisedNumber([] { Variant("not a date").ToDate(); }), 13);
 }
 
 TEST(VariantTest, Text) {
@@ -66,14 +58,14 @@ TEST(VariantTest, NullAndObjectsConvertToNothingElse) {
   for (const auto& convert : std::vector<std::function<void()>>{
            [&] { null.ToBoolean(); }, [&] { null.ToInteger(); }, [&] { null.ToLong(); },
            [&] { null.ToDouble(); }, [&] { null.ToDate(); }, [&] { null.ToString(); }})
-    EXPECT_EQ(ErrorNumber(convert), 94);
+    EXPECT_EQ(RaisedNumber(convert), 94);
   EXPECT_EQ(RuntimeErrorText(94), "Invalid use of Null");
 
   auto font = std::make_shared<Font>();
   EXPECT_EQ(Variant(font).ToObject(), font);
   EXPECT_EQ(Variant(std::shared_ptr<Object>()).ToObject(), nullptr);
-  EXPECT_EQ(ErrorNumber([&] { Variant(font).ToLong(); }), 13);
-  EXPECT_EQ(ErrorNumber([] { Variant(int32_t(1)).ToObject(); }), 13);
+  EXPECT_EQ(RaisedNumber([&] { Variant(font).ToLong(); }), 13);
+  EXPECT_EQ(RaisedNumber([] { Variant(int32_t(1)).ToObject(); }), 13);
 }
 
 TEST(VariantTest, EqualityKeepsTypesApartExceptNumbers) {

@@ -5,18 +5,9 @@
 
 #include "common/control_error.hpp"
 #include "host/control.hpp"
+#include "tests/support/raised.hpp"
 
 namespace tarnbrook {
-
-// The error an action raises; number 0 when it raises none.
-inline ControlError Raised(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const ControlError& error) {
-    return error;
-  }
-  return ControlError(0, "", "");
-}
 
 // A control for the host tests: logs what reaches it, paints itself one colour, and keeps
 // any property it is given so that form files can be checked value by value.
