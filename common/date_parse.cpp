@@ -7,6 +7,7 @@
 #include "common/date_runtime.hpp"
 #include "common/locale.hpp"
 #include "common/text.hpp"
+#include "common/wall_clock.hpp"
 
 namespace tarnbrook {
 
@@ -207,9 +208,26 @@ std::string FieldOrder(const std::string& pattern) {
   return order.size() == 3 ? order : "MDY";
 }
 
+// The year of the wall clock, for a date written without one.
+std::optional<int> CurrentYear() {
+  std::optional<DateValue> now = WallClockNow();
+  return now ? std::optional<int>(Year(*now)) : std::nullopt;
+}
+
 std::optional<CivilDate> DateFromNumbers(const std::vector<DateNumber>& numbers,
                                          const Locale& locale) {
   if (numbers.size() == 2) {
+    if (!numbers[0].IsYear() && !numbers[1].IsYear()) {
+      // Month and day in the locale's order, in the current year.
+      std::optional<int> year = CurrentYear();
+      if (!year) {
+        return std::nullopt;
+      }
+      const std::string order = FieldOrder(locale.ShortDatePattern);
+      const bool dayFirst = order.find('D') < order.find('M');
+      return dayFirst ? ValidDate(*year, numbers[1].value, numbers[0].value)
+                      : ValidDate(*year, numbers[0].value, numbers[1].value);
+    }
     // Month and year, the first day of that month.
     if (numbers[0].IsYear() == numbers[1].IsYear()) {
       return std::nullopt;
@@ -237,7 +255,11 @@ std::optional<CivilDate> DateFromNumbers(const std::vector<DateNumber>& numbers,
 
 std::optional<CivilDate> DateWithMonthName(int month, const std::vector<DateNumber>& numbers) {
   if (numbers.size() == 1) {
-    return numbers[0].IsYear() ? ValidDate(numbers[0].value, month, 1) : std::nullopt;
+    if (numbers[0].IsYear()) {
+      return ValidDate(numbers[0].value, month, 1);
+    }
+    std::optional<int> year = CurrentYear();
+    return year ? ValidDate(*year, month, numbers[0].value) : std::nullopt;
   }
   if (numbers.size() != 2) {
     return std::nullopt;

@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "common/wall_clock.hpp"
+
 namespace tarnbrook {
 
 namespace {
@@ -21,6 +23,7 @@ bool Platform::HasCurrent() {
 
 void Platform::SetCurrent(Platform* platform) {
   current = platform;
+  SetWallClock(platform ? [] { return current->Now(); } : WallClock{});
 }
 
 } // namespace tarnbrook

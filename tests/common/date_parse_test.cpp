@@ -6,6 +6,7 @@
 #include "common/date_runtime.hpp"
 #include "common/locale.hpp"
 
+#include "common/wall_clock.hpp"
 #include "tests/support/raised.hpp"
 
 using namespace tarnbrook;
@@ -55,12 +56,25 @@ TEST(CDate, TwoDigitYearsPivotAtThirty) {
 
 TEST(CDate, TextThatIsNoDateRaises13) {
   for (const char* text : {"", "   ", "hello", "2/30/2026", "13/13/2026", "2/29/2027", "25:00",
-                           "10:61", "13:00 PM", "11/21", "5", "1/1/10000", "11/21/2026 x",
+                           "10:61", "13:00 PM", "5", "1/1/10000", "11/21/2026 x",
                            "11/21/2026 5:00 6:00", "Smarch 3, 2026", "11/21/2026;"}) {
     EXPECT_EQ(ParseError(text), rtTypeMismatch) << '"' << text << '"';
     EXPECT_FALSE(IsDate(text)) << text;
   }
   EXPECT_TRUE(IsDate("11/21/2026"));
+}
+
+TEST(CDate, DatesWithoutAYearTakeTheWallClocksYear) {
+  EXPECT_EQ(ParseError("11/21"), rtTypeMismatch); // no clock installed: no current year
+  SetWallClock([] { return At(2031, 5, 6, 7, 8); });
+  EXPECT_EQ(CDate("11/21"), At(2031, 11, 21));
+  EXPECT_EQ(CDate("Nov 21"), At(2031, 11, 21));
+  EXPECT_EQ(CDate("21 November 5:04 PM"), At(2031, 11, 21, 17, 4));
+  EXPECT_EQ(ParseError("2/29"), rtTypeMismatch); // 2031 is no leap year
+  Locale dayFirst = Locale::EnglishUS();
+  dayFirst.ShortDatePattern = "d/M/yyyy";
+  EXPECT_EQ(CDate("3/4", dayFirst), At(2031, 4, 3));
+  SetWallClock(nullptr);
 }
 
 TEST(CDate, DayMonthOrderFollowsTheShortDatePattern) {

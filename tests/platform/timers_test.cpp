@@ -1,3 +1,4 @@
+#include "common/conversions.hpp"
 #include "platform/timer.hpp"
 #include "platform_fixture.hpp"
 
@@ -87,6 +88,11 @@ TEST_F(TimerTest, WallClockMovesWithTheVirtualClock) {
   EXPECT_DOUBLE_EQ(p.Now(), -1.75);
   p.Advance(12 * 3600 * 1000);
   EXPECT_DOUBLE_EQ(p.Now(), 0.25);
+}
+
+TEST_F(TimerTest, TheRuntimeReadsTheCurrentYearFromThePlatform) {
+  p.SetNow(45356.5); // 2024
+  EXPECT_EQ(CDate("11/21"), DateSerial(2024, 11, 21));
 }
 
 } // namespace
