@@ -49,7 +49,7 @@ public:
   bool Visible() const;
   void SetVisible(bool visible);
   bool Enabled() const;
-  void SetEnabled(bool enabled);
+  virtual void SetEnabled(bool enabled);
 
   // Repaints now: OnPaint, then the surface to the window.
   void Refresh();

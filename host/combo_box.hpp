@@ -1,0 +1,83 @@
+#pragma once
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "host/control.hpp"
+#include "host/event_source.hpp"
+
+namespace tarnbrook {
+
+class ComboBoxEvents {
+public:
+  virtual ~ComboBoxEvents() = default;
+  // The selection changed (ListIndex set by the program or chosen by the user).
+  virtual void Click() {}
+};
+
+enum ComboBoxEventId { cbClick = 1 };
+
+// The standard drop-down list a form offers (a combo box whose text is always one of its
+// items): items with item data, ListIndex -1 for no selection, Click on a change of the
+// selection. Its list drops down on CB_SHOWDROPDOWN or a click on the field; a click or
+// Return picks an entry, Escape or a click outside closes the list.
+class ComboBox : public Control {
+public:
+  explicit ComboBox(HWND parent = 0);
+  ~ComboBox() override;
+  std::string ClassName() const override { return "ComboBox"; }
+
+  void Connect(ComboBoxEvents* sink) { events_.Connect(sink); }
+  void Disconnect(ComboBoxEvents* sink) { events_.Disconnect(sink); }
+
+  // Adds an item at `index` (at the end when -1); NewIndex tells where it went.
+  void AddItem(const std::string& item, int32_t index = -1);
+  // Raises 5 for an index outside 0..ListCount-1.
+  void RemoveItem(int32_t index);
+  void Clear();
+  int32_t ListCount() const;
+  int32_t NewIndex() const;
+  // Raises 381 for an index outside 0..ListCount-1.
+  std::string List(int32_t index) const;
+  int32_t ItemData(int32_t index) const;
+  void SetItemData(int32_t index, int32_t data);
+
+  // -1 for no selection; raises 380 outside -1..ListCount-1. Setting it raises Click.
+  int32_t ListIndex() const;
+  void SetListIndex(int32_t index);
+  // The selected item's text ("" for none). Setting selects the item of that text (exact
+  // match first, then without regard to case) and raises 383 when there is none.
+  std::string Text() const;
+  void SetText(const std::string& text);
+
+  // The drop-down list.
+  bool DroppedDown() const;
+  void ShowDropDown(bool show);
+  // Height of the field and of the open list, in pixels.
+  int32_t ItemHeight() const;
+
+  void SetFont(const tarnbrook::Font& font);
+  const tarnbrook::Font& GetFont() const;
+
+protected:
+  void OnPaint() override;
+  void OnMouseDown(int16_t button, int16_t shift, float x, float y) override;
+  void OnKeyDown(int16_t& keyCode, int16_t shift) override;
+  LRESULT WindowMessage(UINT msg, WPARAM wParam, LPARAM lParam) override;
+
+private:
+  struct Item {
+    std::string text;
+    int32_t data = 0;
+  };
+  class DropList;
+
+  EventSource<ComboBoxEvents> events_;
+  std::vector<Item> items_;
+  int32_t listIndex_ = -1;
+  int32_t newIndex_ = -1;
+  tarnbrook::Font font_;
+  std::unique_ptr<DropList> dropList_;
+};
+
+} // namespace tarnbrook
