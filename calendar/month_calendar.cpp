@@ -1,0 +1,345 @@
+#include "calendar/month_calendar.hpp"
+
+#include "calendar/month_calendar_defaults.hpp"
+#include "common/control_error.hpp"
+#include "common/conversions.hpp"
+#include "common/date_runtime.hpp"
+#include "common/locale.hpp"
+#include "platform/platform.hpp"
+
+namespace tarnbrook {
+namespace {
+
+using namespace month_calendar_defaults;
+
+// Grid geometry for the hit test.
+constexpr int32_t GridLeft = 4;
+constexpr int32_t GridTop = 52;
+constexpr int32_t CellWidth = 28;
+constexpr int32_t CellHeight = 16;
+constexpr int32_t GridCells = 42;
+
+constexpr int32_t StateInactive = 0x100; // greyed arrow buttons of a disabled calendar
+
+} // namespace
+
+MonthCalendar::MonthCalendar(HWND parent) : Control(parent) {
+  Move(0, 0, FixedWidth, FixedHeight);
+
+  cboMonth_ = std::make_unique<ComboBox>(hWnd());
+  for (int month = 1; month <= 12; ++month)
+    cboMonth_->AddItem(CurrentLocale().MonthName(month));
+  cboMonth_->Connect(this);
+
+  minDate_ = CDate(MinDateText);
+  maxDate_ = LastDate();
+  SetDisplayedYear(Year(value_));
+  CreateButtons();
+  SetEmptyButton(false);
+  SetValue(Platform::Current().Today());
+}
+
+MonthCalendar::~MonthCalendar() {
+  cboMonth_->Disconnect(this);
+}
+
+// --- The selected date and the displayed month and year ---
+
+void MonthCalendar::SetValue(DateValue value) {
+  if (value != value_) {
+    value_ = value;
+    PropertyChanged("Value");
+  }
+  const std::string yearText = std::to_string(Year(value));
+  const int32_t monthIndex = Month(value) - 1;
+  if (yearText != displayedYear_) {
+    displayedYear_ = yearText;
+    if (cboMonth_->ListIndex() != monthIndex)
+      cboMonth_->SetListIndex(monthIndex);
+    else
+      Paint();
+  }
+  // Again: a refused month is offered once more.
+  if (cboMonth_->ListIndex() != monthIndex)
+    cboMonth_->SetListIndex(monthIndex);
+  else
+    Paint();
+  events_.Raise(&MonthCalendarEvents::Change);
+}
+
+int32_t MonthCalendar::SelectedDay() const {
+  return Day(value_);
+}
+
+void MonthCalendar::SetSelectedDay(int32_t day) {
+  // The accepted month text is a month's name, so its conversion raises a type mismatch.
+  SetValue(DateSerial(CInt(CDbl(displayedYear_)), CInt(CDbl(acceptedMonthText_)), day));
+  PropertyChanged("SelectedDay");
+}
+
+int32_t MonthCalendar::SelectedMonth() const {
+  return cboMonth_->ListIndex() + 1;
+}
+
+void MonthCalendar::SetSelectedMonth(int32_t month) {
+  cboMonth_->SetListIndex(month - 1);
+  PropertyChanged("SelectedMonth");
+  PropertyChanged("Value");
+}
+
+int32_t MonthCalendar::SelectedYear() const {
+  return DisplayedYear();
+}
+
+void MonthCalendar::SetSelectedYear(int32_t year) {
+  SetDisplayedYear(year);
+  Paint();
+  PropertyChanged("SelectedYear");
+  PropertyChanged("Value");
+}
+
+int32_t MonthCalendar::DisplayedYear() const {
+  return CLng(CDbl(displayedYear_));
+}
+
+void MonthCalendar::SetDisplayedYear(int32_t year) {
+  displayedYear_ = std::to_string(year);
+}
+
+// --- Limits and plain properties ---
+
+void MonthCalendar::SetMinDate(DateValue value) {
+  if (value > maxDate_)
+    throw ControlError(1068, "DatePicker", "MinDate can't be larger than MaxDate");
+  minDate_ = value;
+  PropertyChanged("MinDate");
+}
+
+void MonthCalendar::SetMaxDate(DateValue value) {
+  if (value < minDate_)
+    throw ControlError(1070, "DatePicker", "MaxDate can't be smaller than MinDate");
+  maxDate_ = value;
+  PropertyChanged("MaxDate");
+}
+
+void MonthCalendar::SetFirstDayofWeek(int32_t firstDay) {
+  firstDayofWeek_ = firstDay;
+  Paint();
+  PropertyChanged("FirstDayOfWeek");
+}
+
+void MonthCalendar::SetEmptyButton(bool show) {
+  emptyButton_ = show;
+  Paint();
+  PropertyChanged("EmptyButton");
+}
+
+void MonthCalendar::SetEmptyButtonCaption(const std::string& caption) {
+  emptyButtonCaption_ = caption;
+  Paint();
+  PropertyChanged("EmptyButtonCaption");
+}
+
+void MonthCalendar::SetTodayButtonCaption(const std::string& caption) {
+  todayButtonCaption_ = caption;
+  Paint();
+  PropertyChanged("TodayButtonCaption");
+}
+
+void MonthCalendar::SetActiveMonthColor(OleColor color) {
+  activeMonthColor_ = color;
+  Paint();
+  PropertyChanged("ActiveMonthColor");
+}
+
+void MonthCalendar::SetInactiveMonthColor(OleColor color) {
+  inactiveMonthColor_ = color;
+  Paint();
+  PropertyChanged("InactiveMonthColor");
+}
+
+void MonthCalendar::SetPresentDateColor(OleColor color) {
+  presentDateColor_ = color;
+  Paint();
+  PropertyChanged("PresentDateColor");
+}
+
+void MonthCalendar::SetWeekDayColor(OleColor color) {
+  weekDayColor_ = color;
+  Paint();
+  PropertyChanged("WeekDayColor");
+}
+
+void MonthCalendar::SetHeaderColor(OleColor color) {
+  headerColor_ = color;
+  Paint();
+  PropertyChanged("HeaderColor");
+}
+
+void MonthCalendar::SetHeaderForeColor(OleColor color) {
+  headerForeColor_ = color;
+  Paint();
+  PropertyChanged("HeaderForeColor");
+}
+
+void MonthCalendar::SetBackColor(OleColor color) {
+  backColor_ = color;
+  Paint();
+  PropertyChanged("BackColor");
+}
+
+void MonthCalendar::SetButtonStyle(int32_t style) {
+  if (style > mvwButtonFlat) // negative styles pass: the test is signed
+    throw ControlError(5075, "Tarnbrok.MonthCalendar", "Invalid Button Style");
+  buttonStyle_ = style;
+  for (auto& [name, button] : buttons_)
+    button.Border = style;
+  Paint();
+  PropertyChanged("ButtonStyle");
+}
+
+void MonthCalendar::SetBackDrawMode(int32_t mode) {
+  backDrawMode_ = mode;
+  Paint();
+  PropertyChanged("BackDrawMode");
+}
+
+void MonthCalendar::SetBackgroundImage(std::shared_ptr<const Picture> picture) {
+  backgroundImage_ = std::move(picture);
+  Paint();
+  PropertyChanged("BackGroundImage");
+}
+
+void MonthCalendar::SetFont(const tarnbrook::Font& font) {
+  font_ = font;
+  Paint();
+  PropertyChanged("Font");
+}
+
+void MonthCalendar::SetHoverIcon(bool hover) {
+  hoverIcon_ = hover;
+  PropertyChanged("HoverIcon");
+}
+
+void MonthCalendar::SetEnabled(bool enabled) {
+  Control::SetEnabled(enabled);
+  for (const char* name : {"Left", "Right"}) {
+    if (auto it = buttons_.find(name); it != buttons_.end()) {
+      if (enabled)
+        it->second.RemoveState(StateInactive);
+      else
+        it->second.AddState(StateInactive);
+    }
+  }
+  Paint();
+  PropertyChanged("Enabled");
+}
+
+void MonthCalendar::About() {
+  Site().MessageBox("Tarnbrook MonthCalendar\nDate-entry controls", "About MonthCalendar");
+}
+
+// --- Month handling and navigation ---
+
+void MonthCalendar::Click() {
+  if (restoringMonth_)
+    return;
+  // Year and month are tested separately, each against its own part of the limit.
+  const int32_t year = DisplayedYear();
+  const int32_t month = cboMonth_->ListIndex() + 1;
+  const bool belowMin = year <= Year(minDate_) && month < Month(minDate_);
+  const bool aboveMax = year >= Year(maxDate_) && month > Month(maxDate_);
+  if (belowMin || aboveMax) {
+    restoringMonth_ = true;
+    try {
+      cboMonth_->SetText(acceptedMonthText_);
+    } catch (...) {
+      restoringMonth_ = false;
+      throw;
+    }
+    restoringMonth_ = false;
+    return;
+  }
+  acceptedMonthText_ = cboMonth_->Text();
+  events_.Raise(&MonthCalendarEvents::MonthChanged);
+  Paint();
+}
+
+void MonthCalendar::ButtonAction(const std::string& name) {
+  if (name == "Left") {
+    MonthStep(-1);
+  } else if (name == "Right") {
+    MonthStep(1);
+  } else if (name == "Up") {
+    YearStep(1);
+  } else if (name == "Down") {
+    YearStep(-1);
+  } else if (name == "Today") {
+    if (DateValue today = Platform::Current().Today(); InRange(today))
+      SetValue(today);
+  } else if (name == "Empty") {
+    if (emptyButton_)
+      events_.Raise(&MonthCalendarEvents::EmptyClicked);
+  }
+}
+
+void MonthCalendar::MonthStep(int delta) {
+  const int32_t index = cboMonth_->ListIndex();
+  // The year wraps without a limit test and without YearChanged.
+  if (delta > 0) {
+    if (index == 11) {
+      SetDisplayedYear(DisplayedYear() + 1);
+      cboMonth_->SetListIndex(0);
+    } else {
+      cboMonth_->SetListIndex(index + 1);
+    }
+  } else {
+    if (index < 1) {
+      SetDisplayedYear(DisplayedYear() - 1);
+      cboMonth_->SetListIndex(11);
+    } else {
+      cboMonth_->SetListIndex(index - 1);
+    }
+  }
+  events_.Raise(&MonthCalendarEvents::MonthChanged);
+}
+
+void MonthCalendar::YearStep(int delta) {
+  const int32_t year = DisplayedYear();
+  if (delta > 0 ? year >= Year(maxDate_) : year <= Year(minDate_))
+    return;
+  SetDisplayedYear(year + delta);
+  Paint();
+  events_.Raise(&MonthCalendarEvents::YearChanged);
+}
+
+bool MonthCalendar::InRange(DateValue date) const {
+  return minDate_ <= date && date <= maxDate_;
+}
+
+void MonthCalendar::ClickDay(DateValue date) {
+  if (InRange(date))
+    SetValue(date);
+  events_.Raise(&MonthCalendarEvents::DateClicked);
+}
+
+// --- The grid ---
+
+void MonthCalendar::ComputeGrid() {
+  DateValue first = DateSerial(DisplayedYear(), cboMonth_->ListIndex() + 1, 1);
+  gridStart_ = first - Weekday(first, firstDayofWeek_) + 1;
+  if (gridStart_ > LastDate() - GridCells) {
+    // The grid would run past the last day: show the month before, while the list's index
+    // becomes that month's number, not its index.
+    first = DateAdd("m", -1, first);
+    cboMonth_->SetListIndex(Month(first));
+    gridStart_ = first - Weekday(first, firstDayofWeek_) + 1;
+  }
+}
+
+DateValue MonthCalendar::DayAt(int32_t x, int32_t y) const {
+  const int32_t index = (x - GridLeft) / CellWidth + ((y - GridTop) / CellHeight) * 7;
+  return gridStart_ + index;
+}
+
+} // namespace tarnbrook

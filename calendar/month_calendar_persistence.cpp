@@ -1,0 +1,128 @@
+#include "calendar/month_calendar.hpp"
+
+#include <functional>
+
+#include "calendar/month_calendar_defaults.hpp"
+#include "common/control_error.hpp"
+#include "common/conversions.hpp"
+#include "common/date_runtime.hpp"
+#include "platform/platform.hpp"
+
+namespace tarnbrook {
+namespace {
+
+using namespace month_calendar_defaults;
+
+// A bad or unreadable key leaves its property as it was; reading goes on.
+void Tolerant(const std::function<void()>& read) {
+  try {
+    read();
+  } catch (const ControlError&) {
+  }
+}
+
+Variant FontVariant(const tarnbrook::Font& font) {
+  return Variant(std::shared_ptr<Object>(std::make_shared<tarnbrook::Font>(font)));
+}
+
+// No picture is Empty, so that it equals the default and is not written.
+Variant PictureVariant(const std::shared_ptr<const Picture>& picture) {
+  if (!picture)
+    return Variant();
+  return Variant(std::shared_ptr<Object>(std::const_pointer_cast<Picture>(picture)));
+}
+
+template <class T> std::shared_ptr<T> ObjectOf(const Variant& value) {
+  auto object = std::dynamic_pointer_cast<T>(value.ToObject());
+  if (!object)
+    RaiseRuntimeError(rtTypeMismatch);
+  return object;
+}
+
+} // namespace
+
+void MonthCalendar::InitProperties() {
+  font_ = DefaultFont();
+  hoverIcon_ = true;
+  Control::SetEnabled(true);
+  minDate_ = CDate(MinDateText);
+  maxDate_ = LastDate();
+  firstDayofWeek_ = vbUseSystemDayOfWeek;
+  presentDateColor_ = 255;
+  inactiveMonthColor_ = vbGrayText;
+  weekDayColor_ = vbHighlight;
+  SetDisplayedYear(Year(value_));
+  emptyButtonCaption_ = "None"; // not the persisted "Empty": a new control saves "None"
+  todayButtonCaption_ = "Today";
+  SetEmptyButton(false);
+  SetValue(Platform::Current().Today());
+}
+
+void MonthCalendar::ReadProperties(PropertyBag& bag) {
+  auto read = [&bag](const char* key, const Variant& defaultValue) {
+    return bag.ReadProperty(key, defaultValue);
+  };
+
+  Tolerant([&] { weekDayColor_ = read("WeekDayColor", vbHighlight).ToLong(); });
+  Tolerant([&] { font_ = *ObjectOf<tarnbrook::Font>(read("Font", FontVariant(DefaultFont()))); });
+  Tolerant([&] { backDrawMode_ = read("BackDrawMode", int32_t(mvwBackTile)).ToLong(); });
+  Tolerant([&] {
+    Variant picture = read("BackgroundImage", Variant());
+    backgroundImage_ = picture.IsEmpty() ? nullptr : ObjectOf<Picture>(picture);
+  });
+
+  // An absent "Value" reads as Empty, which is date 0.
+  Tolerant([&] {
+    value_ = read("Value", Variant()).ToDate();
+    SetDisplayedYear(Year(value_));
+  });
+
+  Tolerant([&] { SetButtonStyle(read("ButtonStyle", int32_t(mvwButton3D)).ToLong()); });
+
+  // Stored as they are: limits saved in the wrong order are kept.
+  Tolerant([&] { hoverIcon_ = read("HoverIcon", true).ToBoolean(); });
+  Tolerant([&] { minDate_ = read("MinDate", MinDateText).ToDate(); });
+  Tolerant([&] { maxDate_ = read("MaxDate", Variant::Date(LastDate())).ToDate(); });
+  Tolerant([&] { emptyButtonCaption_ = read("EmptyButtonCaption", "Empty").ToString(); });
+  Tolerant([&] { todayButtonCaption_ = read("TodayButtonCaption", "Today").ToString(); });
+  Tolerant([&] { headerForeColor_ = read("HeaderForeColor", vbButtonText).ToLong(); });
+  Tolerant([&] { firstDayofWeek_ = read("FirstDayOfWeek", int32_t(0)).ToLong(); });
+  Tolerant([&] { activeMonthColor_ = read("ActiveMonthColor", vbButtonText).ToLong(); });
+  Tolerant([&] { inactiveMonthColor_ = read("InactiveMonthColor", vbGrayText).ToLong(); });
+  Tolerant([&] { presentDateColor_ = read("PresentDateColor", int32_t(255)).ToLong(); });
+
+  Tolerant([&] { SetBackColor(read("BackColor", vbWindowBackground).ToLong()); });
+  Tolerant([&] { SetHeaderColor(read("HeaderColor", vbButtonFace).ToLong()); });
+  Tolerant([&] { SetEnabled(read("Enabled", true).ToBoolean()); });
+  Tolerant([&] { SetEmptyButton(read("EmptyButton", true).ToBoolean()); });
+
+  // The month handling brings the displayed month to the value's, within the limits.
+  Tolerant([&] { cboMonth_->SetListIndex(Month(value_) - 1); });
+}
+
+void MonthCalendar::WriteProperties(PropertyBag& bag) {
+  bag.WriteProperty("WeekDayColor", weekDayColor_, vbHighlight);
+  bag.WriteProperty("BackDrawMode", backDrawMode_, int32_t(mvwBackTile));
+  bag.WriteProperty("BackgroundImage", PictureVariant(backgroundImage_), Variant());
+  bag.WriteProperty("HoverIcon", hoverIcon_, true);
+  // A date never equals the text default, so "MinDate" is always written, as the runtime
+  // does when it compares a date with a text.
+  bag.WriteProperty("MinDate", Variant::Date(minDate_), MinDateText);
+  bag.WriteProperty("MaxDate", Variant::Date(maxDate_), Variant::Date(LastDate()));
+  bag.WriteProperty("Value", Variant::Date(value_), Variant()); // no default: always written
+  bag.WriteProperty("HeaderForeColor", headerForeColor_, vbButtonText);
+  bag.WriteProperty("EmptyButton", emptyButton_, true);
+  bag.WriteProperty("PresentDateColor", presentDateColor_, int32_t(255));
+  bag.WriteProperty("InactiveMonthColor", inactiveMonthColor_, vbGrayText);
+  bag.WriteProperty("ActiveMonthColor", activeMonthColor_, vbButtonText);
+  bag.WriteProperty("HeaderColor", headerColor_, vbButtonFace);
+  bag.WriteProperty("BackColor", backColor_, vbWindowBackground);
+  bag.WriteProperty("FirstDayOfWeek", firstDayofWeek_, int32_t(0));
+  bag.WriteProperty("Enabled", Enabled(), true);
+  bag.WriteProperty("EmptyButtonCaption", emptyButtonCaption_, "Empty");
+  bag.WriteProperty("TodayButtonCaption", todayButtonCaption_, "Today");
+  bag.WriteProperty("ButtonStyle", buttonStyle_, int32_t(mvwButton3D));
+  bag.WriteProperty("Font", FontVariant(font_), FontVariant(DefaultFont()));
+}
+
+} // namespace tarnbrook
