@@ -28,6 +28,8 @@ std::string RuntimeErrorText(int32_t number) {
     return "Invalid property value";
   case 381:
     return "Invalid property array index";
+  case 383:
+    return "'Text' property is read-only";
   case 481:
     return "Invalid picture";
   default:

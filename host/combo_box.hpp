@@ -1,8 +1,10 @@
 #pragma once
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "common/font.hpp"
 #include "host/control.hpp"
 #include "host/event_source.hpp"
 
@@ -21,8 +23,16 @@ enum ComboBoxEventId { cbClick = 1 };
 // items): items with item data, ListIndex -1 for no selection, Click on a change of the
 // selection. Its list drops down on CB_SHOWDROPDOWN or a click on the field; a click or
 // Return picks an entry, Escape or a click outside closes the list.
+//
+// The window is always as high as the field (ItemHeight() + 6). A Move to another height
+// only sets how far the list may drop: as a real combo box's window height does, it bounds
+// the list to (height - field height) / ItemHeight() rows; a Move to the field's own height
+// lets it show 8 rows.
 class ComboBox : public Control {
 public:
+  static constexpr int32_t ButtonWidth = 16; // the system's scroll-bar width
+  static constexpr int32_t DefaultRows = 8;
+
   explicit ComboBox(HWND parent = 0);
   ~ComboBox() override;
   std::string ClassName() const override { return "ComboBox"; }
@@ -30,15 +40,18 @@ public:
   void Connect(ComboBoxEvents* sink) { events_.Connect(sink); }
   void Disconnect(ComboBoxEvents* sink) { events_.Disconnect(sink); }
 
-  // Adds an item at `index` (at the end when -1); NewIndex tells where it went.
+  // Adds an item at `index` (at the end when -1, 5 outside -1..ListCount); NewIndex tells
+  // where it went.
   void AddItem(const std::string& item, int32_t index = -1);
-  // Raises 5 for an index outside 0..ListCount-1.
+  // Raises 5 for an index outside 0..ListCount-1. NewIndex becomes -1.
   void RemoveItem(int32_t index);
   void Clear();
   int32_t ListCount() const;
+  // The index of the item added last; -1 after RemoveItem or Clear.
   int32_t NewIndex() const;
-  // Raises 381 for an index outside 0..ListCount-1.
+  // Raise 381 for an index outside 0..ListCount-1.
   std::string List(int32_t index) const;
+  void SetList(int32_t index, const std::string& item);
   int32_t ItemData(int32_t index) const;
   void SetItemData(int32_t index, int32_t data);
 
@@ -53,16 +66,23 @@ public:
   // The drop-down list.
   bool DroppedDown() const;
   void ShowDropDown(bool show);
-  // Height of the field and of the open list, in pixels.
+  // Height of one entry of the list: the font's text height + 2 pixels.
   int32_t ItemHeight() const;
+  int32_t FieldHeight() const { return ItemHeight() + 6; }
 
   void SetFont(const tarnbrook::Font& font);
   const tarnbrook::Font& GetFont() const;
+  void SetEnabled(bool enabled) override;
 
 protected:
   void OnPaint() override;
+  void OnResize() override;
   void OnMouseDown(int16_t button, int16_t shift, float x, float y) override;
+  void OnMouseMove(int16_t button, int16_t shift, float x, float y) override;
+  void OnMouseUp(int16_t button, int16_t shift, float x, float y) override;
   void OnKeyDown(int16_t& keyCode, int16_t shift) override;
+  void OnGotFocus() override;
+  void OnLostFocus() override;
   LRESULT WindowMessage(UINT msg, WPARAM wParam, LPARAM lParam) override;
 
 private:
@@ -72,11 +92,22 @@ private:
   };
   class DropList;
 
+  void CheckIndex(int32_t index) const;
+  void Select(int32_t index);
+  void CloseUp(bool pick);
+  void ListChanged();
+  void KeepFieldHeight();
+  int32_t ListRows() const;
+
   EventSource<ComboBoxEvents> events_;
   std::vector<Item> items_;
   int32_t listIndex_ = -1;
   int32_t newIndex_ = -1;
   tarnbrook::Font font_;
+  int32_t itemHeight_ = 0;
+  int32_t requestedHeight_ = 0; // the height last given by Move: bounds the list
+  bool keepingHeight_ = false;
+  bool buttonHeld_ = false;
   std::unique_ptr<DropList> dropList_;
 };
 

@@ -1,0 +1,57 @@
+#pragma once
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "host/combo_box.hpp"
+
+namespace tarnbrook {
+
+// The list a ComboBox drops down: a top-level pop-up window placed below the field (above
+// it when the work area has no room below), as wide as the combo box, one black line around
+// its rows, the hot row highlighted, and a scroll bar when the items outnumber the rows.
+// It never takes the mouse or the focus itself: the combo box holds both and passes on what
+// happens on the list, in screen coordinates.
+class ComboBox::DropList : public Control {
+public:
+  explicit DropList(ComboBox& owner);
+  std::string ClassName() const override { return "ComboLBox"; }
+
+  // Shows `rows` rows below or above the field, the hot row in view.
+  void Open(int32_t rows, int32_t hot);
+  void Close();
+  // Lays the open list out again after its items changed.
+  void Update(int32_t rows);
+
+  // The hot row follows the mouse and the arrow keys; -1 for none.
+  int32_t Hot() const { return hot_; }
+  void SetHot(int32_t index);
+  bool Contains(Point screen);
+  // The item at a screen point on the rows, -1 elsewhere (the scroll bar included).
+  int32_t ItemAt(Point screen);
+  // A press at a screen point on the scroll bar scrolls the rows; false when not on it.
+  bool ScrollAt(Point screen);
+
+  // One entry of the field or the list: its text with a small left margin, highlighted or in
+  // the window's colours.
+  static void DrawEntry(Canvas& canvas, std::string_view text, const Rect& rect, bool highlighted,
+                        bool enabled = true);
+
+protected:
+  void OnPaint() override;
+
+private:
+  bool HasScrollBar() const;
+  Rect RowsRect();
+  Rect ScrollBarRect();
+  Rect ThumbRect();
+  void ScrollTo(int32_t top);
+  void DrawScrollBar(Canvas& canvas);
+
+  ComboBox& owner_;
+  int32_t rows_ = 0;
+  int32_t top_ = 0; // the first item in view
+  int32_t hot_ = -1;
+};
+
+} // namespace tarnbrook
