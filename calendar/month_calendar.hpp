@@ -186,6 +186,7 @@ private:
   void PressButtonsAt(int32_t x, int32_t y);
   void TimerTick();
   void UpdateHoverCursor(int32_t x, int32_t y);
+  void KeepFixedSize(); // added for painting: back to 204 x 180 pixels
 
   EventSource<MonthCalendarEvents> events_;
   std::unique_ptr<ComboBox> cboMonth_;
@@ -220,6 +221,7 @@ private:
   CFrame* pressedButton_ = nullptr;
   bool yearDrag_ = false;
   int32_t lastDragY_ = 0;
+  bool keepingSize_ = false; // added for painting: OnResize is putting the size back
 };
 
 } // namespace tarnbrook
