@@ -1,0 +1,85 @@
+#pragma once
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "calendar/month_calendar.hpp"
+#include "common/date_runtime.hpp"
+#include "host/container.hpp"
+#include "platform/memory/memory_platform.hpp"
+#include "tests/support/raised.hpp"
+
+namespace tarnbrook {
+
+using Log = std::vector<std::string>;
+
+// Logs the calendar's events by name, with their arguments, in the order they come.
+class CalendarEventLog : public MonthCalendarEvents {
+public:
+  Log events;
+  bool withMouse = true; // false leaves the mouse events out
+
+  // The events logged so far; the log starts afresh.
+  Log Take() { return std::exchange(events, {}); }
+
+  void Change() override { events.push_back("Change"); }
+  void MonthChanged() override { events.push_back("MonthChanged"); }
+  void YearChanged() override { events.push_back("YearChanged"); }
+  void DateClicked() override { events.push_back("DateClicked"); }
+  void EmptyClicked() override { events.push_back("EmptyClicked"); }
+  void DroppedDown() override { events.push_back("DroppedDown"); }
+  void AfterClosedUp() override { events.push_back("AfterClosedUp"); }
+  void BeforeDropDown(bool&) override { events.push_back("BeforeDropDown"); }
+  void BeforeCloseUp(bool&) override { events.push_back("BeforeCloseUp"); }
+  void MouseMove(int16_t b, float x, float y) override { Mouse("MouseMove", b, x, y); }
+  void MouseDown(int16_t b, float x, float y) override { Mouse("MouseDown", b, x, y); }
+  void MouseUp(int16_t b, float x, float y) override { Mouse("MouseUp", b, x, y); }
+  void KeyDown(int16_t& k, int16_t s) override { Key("KeyDown", k, s); }
+  void KeyUp(int16_t& k, int16_t s) override { Key("KeyUp", k, s); }
+  void KeyPress(int16_t& k) override { events.push_back("KeyPress " + std::to_string(k)); }
+
+private:
+  void Mouse(const char* what, int16_t button, float x, float y) {
+    if (withMouse)
+      events.push_back(std::string(what) + " " + std::to_string(button) + " " +
+                       std::to_string(int(x)) + "," + std::to_string(int(y)));
+  }
+  void Key(const char* what, int16_t keyCode, int16_t shift) {
+    events.push_back(std::string(what) + " " + std::to_string(keyCode) + " " +
+                     std::to_string(shift));
+  }
+};
+
+// A form holding one new calendar on Saturday 21 November 2026, noon; the event log is
+// connected after creation and the changed keys are cleared.
+class CalendarTest : public ::testing::Test {
+protected:
+  static constexpr const char* Name = "MonthCalendar1";
+
+  CalendarTest() {
+    platform.SetNow(DateSerial(2026, 11, 21) + 0.5);
+    calendar = &static_cast<MonthCalendar&>(form.Add(std::make_unique<MonthCalendar>(), Name, 20,
+                                                     30, MonthCalendar::FixedWidth,
+                                                     MonthCalendar::FixedHeight));
+    calendar->Connect(&log);
+    form.ClearChangedKeys();
+  }
+
+  // A person's click at a point of the calendar's client area.
+  void ClickAt(int32_t x, int32_t y) {
+    Point p = platform.ClientToScreen(calendar->hWnd(), {x, y});
+    platform.Click(p.x, p.y);
+  }
+  // A click on the centre of a day cell.
+  void ClickCell(int row, int column) { ClickAt(4 + 28 * column + 14, 52 + 16 * row + 8); }
+  const Log& ChangedKeys() { return form.ChangedKeys(Name); }
+
+  MemoryPlatform platform;
+  Container form;
+  MonthCalendar* calendar = nullptr;
+  CalendarEventLog log;
+};
+
+} // namespace tarnbrook
