@@ -193,9 +193,10 @@ void ComboBox::OnPaint() {
                   font_.Underline);
   Canvas& canvas = *Canvas::FromHandle(surface.hDC());
   bool enabled = Enabled();
-  Rect inside = canvas.DrawEdge({0, 0, surface.Width(), surface.Height()}, EDGE_SUNKEN,
-                                BF_RECT | BF_ADJUST);
-  canvas.FillRect(inside, static_cast<COLORREF>(GetSysColor(enabled ? COLOR_WINDOW : COLOR_BTNFACE)));
+  Rect inside =
+      canvas.DrawEdge({0, 0, surface.Width(), surface.Height()}, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+  canvas.FillRect(inside,
+                  static_cast<COLORREF>(GetSysColor(enabled ? COLOR_WINDOW : COLOR_BTNFACE)));
 
   Rect button{std::max(inside.left, inside.right - ButtonWidth), inside.top, inside.right,
               inside.bottom};

@@ -121,8 +121,7 @@ void ComboBox::DropList::OnPaint() {
     return;
   }
   const Font& font = owner_.font_;
-  surface.SetFont(font.Name, font.Size, font.Bold, font.Italic, font.Strikethrough,
-                  font.Underline);
+  surface.SetFont(font.Name, font.Size, font.Bold, font.Italic, font.Strikethrough, font.Underline);
   Canvas& canvas = *Canvas::FromHandle(surface.hDC());
   canvas.FillRect({0, 0, surface.Width(), surface.Height()}, Sys(COLOR_WINDOWFRAME));
   Rect rows = RowsRect();
