@@ -146,6 +146,19 @@ TEST_F(ComboBoxTest, EscapeAndAnOutsideClickCloseWithoutAChangeReturnPicks) {
   EXPECT_EQ(clicks, 1);
 }
 
+// As the month calendar does: its press opens the list, which must outlast the release.
+TEST_F(ComboBoxTest, ListOpenedDuringAnotherControlsPressStaysOpenAfterTheRelease) {
+  Fill(3);
+  Control& owner = form.Add(std::make_unique<ProbeControl>(), "Owner", 200, 30, 100, 40);
+  Point press = platform.ClientToScreen(owner.hWnd(), {5, 5});
+  platform.MouseDown(VK_LBUTTON, press.x, press.y);
+  Open();
+  platform.MouseUp(VK_LBUTTON, press.x, press.y);
+  EXPECT_TRUE(combo->DroppedDown());
+  platform.Click(RowPoint(2).x, RowPoint(2).y);
+  EXPECT_EQ(combo->ListIndex(), 2);
+}
+
 TEST_F(ComboBoxTest, ScrollBarPressesScrollTheRowsAndKeepTheListOpen) {
   Fill(12);
   Open();
