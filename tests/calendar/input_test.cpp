@@ -1,0 +1,136 @@
+#include "tests/calendar/calendar_fixture.hpp"
+
+namespace tarnbrook {
+
+namespace {
+
+// A person's mouse on the calendar of 21 November 2026, in the calendar's own pixels.
+class CalendarInputTest : public CalendarTest {
+protected:
+  static constexpr Point Right{191, 16};
+  static constexpr Point Year{127, 15};
+  static constexpr Point Grid{100, 100};
+
+  CalendarInputTest() {
+    platform.PumpMessages();
+    log.withMouse = false;
+  }
+
+  Point Screen(Point p) { return platform.ClientToScreen(calendar->hWnd(), p); }
+  void Down(Point p, int button = VK_LBUTTON) {
+    platform.MouseDown(button, Screen(p).x, Screen(p).y);
+  }
+  void Up(Point p, int button = VK_LBUTTON) { platform.MouseUp(button, Screen(p).x, Screen(p).y); }
+  void MoveTo(Point p) { platform.MouseMove(Screen(p).x, Screen(p).y); }
+  void Click(Point p) { platform.Click(Screen(p).x, Screen(p).y); }
+  std::pair<int, int> Shown() { return {calendar->SelectedYear(), calendar->SelectedMonth()}; }
+};
+
+TEST_F(CalendarInputTest, HeldRightStepsAtOnceThenEvery100ms) {
+  Down(Right);
+  EXPECT_EQ(Shown(), std::pair(2026, 12));
+  platform.Advance(99);
+  EXPECT_EQ(Shown(), std::pair(2026, 12));
+  platform.Advance(1);
+  EXPECT_EQ(Shown(), std::pair(2027, 1));
+  platform.Advance(200);
+  EXPECT_EQ(Shown(), std::pair(2027, 3));
+  Up(Right);
+  platform.Advance(500);
+  EXPECT_EQ(Shown(), std::pair(2027, 3));
+  EXPECT_EQ(calendar->Button("Right").State, 0);
+}
+
+TEST_F(CalendarInputTest, LeavingAHeldButtonReleasesItAndComingBackPressesAgain) {
+  Down(Right);
+  MoveTo(Grid);
+  EXPECT_EQ(calendar->Button("Right").State, 0);
+  platform.Advance(300);
+  EXPECT_EQ(Shown(), std::pair(2026, 12));
+  MoveTo(Right);
+  EXPECT_EQ(Shown(), std::pair(2027, 1));
+  EXPECT_EQ(calendar->Button("Right").State, DFCS_PUSHED);
+  Up(Right);
+}
+
+TEST_F(CalendarInputTest, OnlyTheLeftButtonPresses) {
+  Down(Right, VK_RBUTTON);
+  platform.Advance(300);
+  Up(Right, VK_RBUTTON);
+  EXPECT_EQ(Shown(), std::pair(2026, 11));
+  EXPECT_TRUE(log.Take().empty());
+}
+
+TEST_F(CalendarInputTest, DoubleClickOnAButtonPressesItOnceMore) {
+  platform.DoubleClick(Screen(Right).x, Screen(Right).y);
+  EXPECT_EQ(Shown(), std::pair(2027, 1));
+  EXPECT_EQ(calendar->Button("Right").State, 0);
+}
+
+TEST_F(CalendarInputTest, YearDragStepsAfterMoreThanTwoPixels) {
+  Down(Year);
+  MoveTo({Year.x, Year.y - 2});
+  EXPECT_EQ(calendar->SelectedYear(), 2026);
+  MoveTo({Year.x, Year.y - 3});
+  EXPECT_EQ(calendar->SelectedYear(), 2027);
+  MoveTo({Year.x, Year.y - 5});
+  EXPECT_EQ(calendar->SelectedYear(), 2027);
+  MoveTo({Year.x, Year.y + 1}); // 4 down from the last step
+  EXPECT_EQ(calendar->SelectedYear(), 2026);
+  EXPECT_EQ(log.Take(), (Log{"YearChanged", "YearChanged"}));
+  Up({Year.x, Year.y + 1});
+  MoveTo({Year.x, Year.y - 20});
+  EXPECT_EQ(calendar->SelectedYear(), 2026);
+  EXPECT_EQ(calendar->SelectedMonth(), 11);
+}
+
+TEST_F(CalendarInputTest, YearButtonsShowAfterAPressOnTheYear) {
+  EXPECT_FALSE(calendar->Button("Up").Visible);
+  Click(Year);
+  EXPECT_TRUE(calendar->Button("Up").Visible);
+  EXPECT_TRUE(calendar->Button("Down").Visible);
+  Click({155, 20}); // "Down" counts the year down and stays
+  EXPECT_EQ(calendar->SelectedYear(), 2025);
+  EXPECT_TRUE(calendar->Button("Down").Visible);
+  Click(Grid);
+  EXPECT_FALSE(calendar->Button("Up").Visible);
+  EXPECT_FALSE(calendar->Button("Down").Visible);
+}
+
+TEST_F(CalendarInputTest, HoverCursorOverTheHeaderAndVisibleButtons) {
+  const std::pair<Point, int> places[] = {
+      {Year, IDC_HAND},        {Grid, IDC_ARROW},     {{60, 15}, IDC_HAND},  // month name
+      {{155, 10}, IDC_HAND},   {{30, 30}, IDC_ARROW}, {{50, 165}, IDC_HAND}, // Today
+      {{150, 165}, IDC_ARROW}, {Right, IDC_HAND}};                           // no Empty
+  for (auto [point, cursor] : places) {
+    MoveTo(point);
+    EXPECT_EQ(platform.CursorShape(), cursor) << point.x << "," << point.y;
+  }
+  calendar->SetEmptyButton(true);
+  MoveTo({150, 165});
+  EXPECT_EQ(platform.CursorShape(), IDC_HAND);
+  MoveTo(Grid);
+  calendar->SetHoverIcon(false);
+  MoveTo(Year);
+  EXPECT_EQ(platform.CursorShape(), IDC_ARROW);
+}
+
+TEST_F(CalendarInputTest, MouseEventsComeFirstAndKeysPassOn) {
+  log.withMouse = true;
+  Click({4 + 28 * 2 + 14, 60}); // Tuesday 3 November
+  EXPECT_EQ(log.Take(), (Log{"MouseMove 0 74 60", "MouseDown 1 74 60", "Change", "DateClicked",
+                             "MouseUp 1 74 60"}));
+  platform.Key(VK_RIGHT);
+  platform.Key('A', MemoryPlatform::ShiftKey);
+  EXPECT_EQ(log.Take(), (Log{"KeyDown 39 0", "KeyUp 39 0", "KeyDown 16 1", "KeyDown 65 1",
+                             "KeyPress 65", "KeyUp 65 1", "KeyUp 16 0"}));
+  EXPECT_EQ(calendar->Value(), DateSerial(2026, 11, 3));
+}
+
+TEST_F(CalendarInputTest, PressOnTheMonthNameOpensTheMonthList) {
+  Click({60, 15});
+  EXPECT_TRUE(calendar->cboMonth().DroppedDown());
+}
+
+} // namespace
+} // namespace tarnbrook
