@@ -19,6 +19,11 @@ constexpr int32_t CellWidth = 28;
 constexpr int32_t CellHeight = 16;
 constexpr int32_t GridCells = 42;
 
+// The month list's place, under the month's name.
+constexpr int32_t MonthListLeft = 24;
+constexpr int32_t MonthListTop = 5;
+constexpr int32_t MonthListWidth = 80;
+
 constexpr int32_t StateInactive = 0x100; // greyed arrow buttons of a disabled calendar
 
 } // namespace
@@ -26,7 +31,10 @@ constexpr int32_t StateInactive = 0x100; // greyed arrow buttons of a disabled c
 MonthCalendar::MonthCalendar(HWND parent) : Control(parent) {
   Move(0, 0, FixedWidth, FixedHeight);
 
+  // The month list lies hidden under the month's name; a click there opens its list.
   cboMonth_ = std::make_unique<ComboBox>(hWnd());
+  cboMonth_->SetVisible(false);
+  cboMonth_->Move(MonthListLeft, MonthListTop, MonthListWidth, cboMonth_->FieldHeight());
   for (int month = 1; month <= 12; ++month)
     cboMonth_->AddItem(CurrentLocale().MonthName(month));
   cboMonth_->Connect(this);

@@ -1,12 +1,10 @@
 #pragma once
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "calendar/month_calendar.hpp"
-#include "common/date_runtime.hpp"
 #include "host/container.hpp"
 #include "platform/memory/memory_platform.hpp"
 #include "tests/support/raised.hpp"
@@ -21,34 +19,27 @@ public:
   Log events;
   bool withMouse = true; // false leaves the mouse events out
 
-  // The events logged so far; the log starts afresh.
-  Log Take() { return std::exchange(events, {}); }
+  Log Take() { return std::exchange(events, {}); } // the events so far; the log starts afresh
 
   void Change() override { events.push_back("Change"); }
   void MonthChanged() override { events.push_back("MonthChanged"); }
   void YearChanged() override { events.push_back("YearChanged"); }
   void DateClicked() override { events.push_back("DateClicked"); }
   void EmptyClicked() override { events.push_back("EmptyClicked"); }
-  void DroppedDown() override { events.push_back("DroppedDown"); }
-  void AfterClosedUp() override { events.push_back("AfterClosedUp"); }
-  void BeforeDropDown(bool&) override { events.push_back("BeforeDropDown"); }
-  void BeforeCloseUp(bool&) override { events.push_back("BeforeCloseUp"); }
   void MouseMove(int16_t b, float x, float y) override { Mouse("MouseMove", b, x, y); }
   void MouseDown(int16_t b, float x, float y) override { Mouse("MouseDown", b, x, y); }
   void MouseUp(int16_t b, float x, float y) override { Mouse("MouseUp", b, x, y); }
-  void KeyDown(int16_t& k, int16_t s) override { Key("KeyDown", k, s); }
-  void KeyUp(int16_t& k, int16_t s) override { Key("KeyUp", k, s); }
+  void KeyDown(int16_t& k, int16_t s) override { Add("KeyDown", k, s); }
+  void KeyUp(int16_t& k, int16_t s) override { Add("KeyUp", k, s); }
   void KeyPress(int16_t& k) override { events.push_back("KeyPress " + std::to_string(k)); }
 
 private:
-  void Mouse(const char* what, int16_t button, float x, float y) {
-    if (withMouse)
-      events.push_back(std::string(what) + " " + std::to_string(button) + " " +
-                       std::to_string(int(x)) + "," + std::to_string(int(y)));
+  void Add(const std::string& what, int a, int b) {
+    events.push_back(what + " " + std::to_string(a) + " " + std::to_string(b));
   }
-  void Key(const char* what, int16_t keyCode, int16_t shift) {
-    events.push_back(std::string(what) + " " + std::to_string(keyCode) + " " +
-                     std::to_string(shift));
+  void Mouse(const std::string& what, int16_t b, float x, float y) {
+    if (withMouse)
+      Add(what + " " + std::to_string(b), int(x), int(y));
   }
 };
 
@@ -67,12 +58,11 @@ protected:
     form.ClearChangedKeys();
   }
 
-  // A person's click at a point of the calendar's client area.
+  // A person's click at a point of the calendar's client area, or on a day cell's centre.
   void ClickAt(int32_t x, int32_t y) {
     Point p = platform.ClientToScreen(calendar->hWnd(), {x, y});
     platform.Click(p.x, p.y);
   }
-  // A click on the centre of a day cell.
   void ClickCell(int row, int column) { ClickAt(4 + 28 * column + 14, 52 + 16 * row + 8); }
   const Log& ChangedKeys() { return form.ChangedKeys(Name); }
 
