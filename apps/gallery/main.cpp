@@ -1,12 +1,22 @@
-// Renders every button face, button style, state and border style into one PNG.
+// Renders two PNGs: every button face, button style, state and border style; and the
+// MonthCalendar in its looks (today, colours, a background picture, button styles, disabled,
+// a pressed button).
+#include <chrono>
+#include <ctime>
+#include <filesystem>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "calendar/month_calendar.hpp"
+#include "common/date_runtime.hpp"
 #include "common/ole_color.hpp"
+#include "common/picture.hpp"
 #include "draw/border_style.hpp"
 #include "draw/cframe.hpp"
 #include "draw/cmdc.hpp"
+#include "platform/memory/memory_platform.hpp"
 
 using namespace tarnbrook;
 
@@ -118,10 +128,7 @@ void DrawBorderRow(cMDC& surface, int32_t top) {
   }
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
-  std::string path = argc > 1 ? argv[1] : "gallery.png";
+void WriteFramesPicture(const std::string& path) {
   int32_t width = CellLeft(3, 0) - GroupGap + 8;
   width = std::max(width, LabelWidth + 7 * 80 + 8);
   int32_t height = HeaderHeight + static_cast<int32_t>(Kinds.size()) * RowHeight + BorderRowHeight;
@@ -132,6 +139,122 @@ int main(int argc, char** argv) {
   DrawButtonGrid(surface);
   DrawBorderRow(surface, HeaderHeight + static_cast<int32_t>(Kinds.size()) * RowHeight);
   Canvas::FromHandle(surface.hDC())->WritePng(path);
-  std::cout << path << "\n";
+}
+
+} // namespace
+
+namespace calendars {
+
+constexpr int32_t Margin = 12;
+constexpr int32_t LabelHeight = 20;
+constexpr int32_t Columns = 3;
+constexpr int32_t CellWidth = MonthCalendar::FixedWidth + Margin;
+constexpr int32_t CellHeight = LabelHeight + MonthCalendar::FixedHeight + Margin;
+
+// One calendar of the picture: its caption and how it is set up once shown.
+struct Look {
+  const char* label;
+  void (*setUp)(MemoryPlatform& platform, MonthCalendar& calendar);
+};
+
+// A small tile of two pale colours, so that tiling shows as a check pattern.
+std::shared_ptr<Picture> CheckTile() {
+  constexpr int Size = 12;
+  std::vector<uint32_t> pixels(Size * Size);
+  for (int y = 0; y < Size; ++y) {
+    for (int x = 0; x < Size; ++x) {
+      pixels[y * Size + x] = (x < Size / 2) == (y < Size / 2) ? 0xFFE8F0FF : 0xFFFFF4D8;
+    }
+  }
+  return std::make_shared<Picture>(Size, Size, std::move(pixels));
+}
+
+const Look Looks[] = {
+    {"Today's month, today selected", [](MemoryPlatform&, MonthCalendar&) {}},
+    {"Another day selected",
+     [](MemoryPlatform& platform, MonthCalendar& calendar) {
+       DateValue today = platform.Today();
+       calendar.SetValue(today + (Day(today) > 20 ? -7 : 7));
+     }},
+    {"HeaderColor -1 over a tiled picture",
+     [](MemoryPlatform&, MonthCalendar& calendar) {
+       calendar.SetBackgroundImage(CheckTile());
+       calendar.SetBackDrawMode(mvwBackTile);
+       calendar.SetHeaderColor(OleColorNone);
+     }},
+    {"Empty button, 3D",
+     [](MemoryPlatform&, MonthCalendar& calendar) { calendar.SetEmptyButton(true); }},
+    {"Empty button, thin 3D",
+     [](MemoryPlatform&, MonthCalendar& calendar) {
+       calendar.SetEmptyButton(true);
+       calendar.SetButtonStyle(mvwButtonThin3D);
+     }},
+    {"Empty button, flat",
+     [](MemoryPlatform&, MonthCalendar& calendar) {
+       calendar.SetEmptyButton(true);
+       calendar.SetButtonStyle(mvwButtonFlat);
+     }},
+    {"Colours, Monday first",
+     [](MemoryPlatform&, MonthCalendar& calendar) {
+       calendar.SetHeaderColor(RGB(0, 0, 128));
+       calendar.SetHeaderForeColor(RGB(255, 255, 255));
+       calendar.SetWeekDayColor(RGB(128, 0, 0));
+       calendar.SetBackColor(RGB(255, 255, 240));
+       calendar.SetFirstDayofWeek(vbMonday);
+     }},
+    {"Disabled", [](MemoryPlatform&, MonthCalendar& calendar) { calendar.SetEnabled(false); }},
+    {"\"Right\" held down",
+     [](MemoryPlatform& platform, MonthCalendar& calendar) {
+       Point right = platform.ClientToScreen(calendar.hWnd(), {191, 16});
+       platform.MouseDown(VK_LBUTTON, right.x, right.y);
+     }},
+};
+
+// The wall clock of this machine, so that the picture shows today's month.
+DateValue LocalNow() {
+  std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  return DateSerial(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday) +
+         TimeSerial(local.tm_hour, local.tm_min, local.tm_sec);
+}
+
+void WritePicture(const std::string& path) {
+  constexpr int32_t Count = static_cast<int32_t>(std::size(Looks));
+  constexpr int32_t Rows = (Count + Columns - 1) / Columns;
+  MemoryPlatform platform;
+  platform.SetNow(LocalNow());
+  cMDC surface;
+  surface.SetBackColor(vbButtonFace);
+  surface.Resize(Margin + Columns * CellWidth, Margin + Rows * CellHeight);
+  surface.SetFont("MS Sans Serif", 8.25f);
+  for (int32_t i = 0; i < Count; ++i) {
+    int32_t left = Margin + (i % Columns) * CellWidth;
+    int32_t top = Margin + (i / Columns) * CellHeight;
+    MonthCalendar calendar;
+    calendar.Move(left, top + LabelHeight, MonthCalendar::FixedWidth, MonthCalendar::FixedHeight);
+    calendar.SetVisible(true);
+    platform.PumpMessages();
+    Looks[i].setUp(platform, calendar);
+    platform.PumpMessages();
+    Label(surface, Looks[i].label, left, top, MonthCalendar::FixedWidth, LabelHeight,
+          DT_LEFT | DT_VCENTER | DT_SINGLELINE);
+    surface.CopyFrom(platform.WindowCanvas(calendar.hWnd())->Handle(), left, top + LabelHeight,
+                     MonthCalendar::FixedWidth, MonthCalendar::FixedHeight, 0, 0);
+  }
+  Canvas::FromHandle(surface.hDC())->WritePng(path);
+}
+
+} // namespace calendars
+
+// gallery [frames.png [calendar.png]]: the calendar picture goes beside the frames picture
+// unless it is named.
+int main(int argc, char** argv) {
+  std::filesystem::path frames = argc > 1 ? argv[1] : "gallery.png";
+  std::filesystem::path calendar =
+      argc > 2 ? std::filesystem::path(argv[2]) : frames.parent_path() / "gallery-calendar.png";
+  WriteFramesPicture(frames.string());
+  calendars::WritePicture(calendar.string());
+  std::cout << frames.string() << "\n" << calendar.string() << "\n";
   return 0;
 }
