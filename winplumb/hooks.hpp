@@ -19,7 +19,7 @@ public:
 // use. Raises 9 for a type outside -1..14 and ObjectError(1049) for an unsupported type or
 // a hook the system refuses.
 bool InstallHook(IWindowsHook* client, int32_t eType);
-// Detaches it; the hook goes when its last client does.
+// Detaches it; the hook goes when its last client does. Raises 9 for a type outside -1..14.
 void RemoveHook(IWindowsHook* client, int32_t eType);
 
 // The type whose notification a client's HookProc is handling now; 0 outside HookProc.
