@@ -23,27 +23,17 @@ TEST_F(PersistenceTest, EverySettingReadsBackAndIsWrittenInTheTablesOrder) {
   auto arial = std::make_shared<Font>();
   arial->Name = "Arial";
   auto picture = std::make_shared<Picture>(1, 1, std::vector<uint32_t>{0xFF0000FF});
+  // clang-format off
   const std::vector<std::pair<std::string, Variant>> settings = {
-      {"WeekDayColor", 1},
-      {"BackDrawMode", 3},
-      {"BackgroundImage", Variant(picture)},
-      {"HoverIcon", false},
-      {"MinDate", Variant::Date(DateSerial(2000, 1, 1))},
+      {"WeekDayColor", 1}, {"BackDrawMode", 3}, {"BackgroundImage", Variant(picture)},
+      {"HoverIcon", false}, {"MinDate", Variant::Date(DateSerial(2000, 1, 1))},
       {"MaxDate", Variant::Date(DateSerial(2030, 12, 31))},
-      {"Value", Variant::Date(DateSerial(2020, 3, 4))},
-      {"HeaderForeColor", 2},
-      {"EmptyButton", false},
-      {"PresentDateColor", 3},
-      {"InactiveMonthColor", 4},
-      {"ActiveMonthColor", 5},
-      {"HeaderColor", -1},
-      {"BackColor", 6},
-      {"FirstDayOfWeek", 2},
-      {"Enabled", false},
-      {"EmptyButtonCaption", "Leer"},
-      {"TodayButtonCaption", "Heute"},
-      {"ButtonStyle", 2},
-      {"Font", Variant(arial)}};
+      {"Value", Variant::Date(DateSerial(2020, 3, 4))}, {"HeaderForeColor", 2},
+      {"EmptyButton", false}, {"PresentDateColor", 3}, {"InactiveMonthColor", 4},
+      {"ActiveMonthColor", 5}, {"HeaderColor", -1}, {"BackColor", 6}, {"FirstDayOfWeek", 2},
+      {"Enabled", false}, {"EmptyButtonCaption", "Leer"}, {"TodayButtonCaption", "Heute"},
+      {"ButtonStyle", 2}, {"Font", Variant(arial)}};
+  // clang-format on
   for (const auto& [key, value] : settings)
     bag.WriteProperty(key, value);
   loaded.Connect(&log);
