@@ -4,7 +4,6 @@
 
 #include "common/date_runtime.hpp"
 #include "common/locale.hpp"
-#include "common/ole_color.hpp"
 #include "draw/cmdc.hpp"
 #include "picker/format_cutter.hpp"
 #include "picker/picker_format.hpp"
@@ -13,17 +12,7 @@
 namespace tarnbrook {
 namespace {
 
-constexpr int32_t TextLeft = 3;
 constexpr int32_t LineHeight = 21;
-
-// Puts the process locale back when a test has changed it.
-class LocaleRestorer {
-public:
-  ~LocaleRestorer() { SetCurrentLocale(saved_); }
-
-private:
-  Locale saved_ = CurrentLocale();
-};
 
 class FormatCutterTest : public ::testing::Test {
 protected:
@@ -31,9 +20,10 @@ protected:
     surface.Resize(400, LineHeight);
     surface.SetFont("DejaVu Sans", 8);
   }
+  ~FormatCutterTest() override { SetCurrentLocale(savedLocale); }
 
   std::vector<CDateMask> Cut(std::string_view format) {
-    return CutDateFormat(surface, format, TextLeft, LineHeight);
+    return CutDateFormat(surface, format, 3, LineHeight);
   }
 
   // Each field's Mask, literals in brackets: "dd [/] MM".
@@ -47,112 +37,70 @@ protected:
   }
 
   cMDC surface;
+  const Locale savedLocale = CurrentLocale();
 };
 
-TEST_F(FormatCutterTest, ShortDateGivesFiveFieldsPlacedLeftToRight) {
-  const std::vector<CDateMask> fields = Cut("dd/MM/yyyy");
-  ASSERT_EQ(fields.size(), 5u);
-  EXPECT_EQ(Masks("dd/MM/yyyy"), "dd [/] MM [/] yyyy");
-  EXPECT_EQ(fields[0].Left(), TextLeft);
-  for (size_t i = 1; i < fields.size(); ++i) {
-    EXPECT_EQ(fields[i].Left(), fields[i - 1].Left() + fields[i - 1].Width()) << i;
-    EXPECT_EQ(fields[i].Height(), LineHeight);
+TEST_F(FormatCutterTest, TokensTakeTheLongestMatchLiteralsGatherWithTheLocalesSeparators) {
+  // clang-format off
+  const std::pair<std::string, std::string> cases[] = {
+      {"dd/MM/yyyy", "dd [/] MM [/] yyyy"}, {"'Week' d", "[Week ] d"}, {"d\\", "d"},
+      {"\\d\\a\\y d 'o''clock", "[day ] d [ oclock]"}, {"'' d 'x\\", "[ ] d [ x\\]"},
+      {"\\\xC3\xA9 d", "[\xC3\xA9 ] d"}, {"ddddd", "dddd"}, {"MMMMM", "MMMM M"}, {"yyyyy", "yyyy y"},
+      {"yyy", "yyyy"}, {"hhhh:mmm:sss ttt HHH", "hh [:] nn [:] ss [ ] tt [ ] HH"},
+      {"mm MM", "nn [ ] MM"}, {"", ""}};
+  // clang-format on
+  for (const auto& [format, masks] : cases) {
+    EXPECT_EQ(Masks(format), masks) << format;
   }
-  EXPECT_EQ(fields[1].Width(), surface.TextWidth("/"));
-  EXPECT_EQ(fields[4].Width(), surface.TextWidth("0000") + 2);
-}
-
-TEST_F(FormatCutterTest, LiteralTextBetweenTokensBecomesOneField) {
-  EXPECT_EQ(Masks("'Week' d"), "[Week ] d");
-  EXPECT_EQ(Masks("dddd, MMMM d, yyyy"), "dddd [, ] MMMM [ ] d [, ] yyyy");
-  EXPECT_EQ(Masks("\\d\\a\\y d 'o''clock"), "[day ] d [ oclock]");
-  EXPECT_EQ(Masks("HH 'h"), "HH [ h]");
-  EXPECT_EQ(Masks("d\\"), "d");
-  EXPECT_EQ(Masks("d 'x\\"), "d [ x\\]");
-  EXPECT_EQ(Masks("'' d"), "[ ] d");
-  EXPECT_EQ(Masks("\\\xC3\xA9 d"), "[\xC3\xA9 ] d");
-  EXPECT_EQ(Masks("Week"), "[Week]");
-  EXPECT_TRUE(Cut("").empty());
-}
-
-TEST_F(FormatCutterTest, LongestTokenWinsAndOnlySomeLettersSwallowRepeats) {
-  EXPECT_EQ(Masks("ddddd"), "dddd");
-  EXPECT_EQ(Masks("MMMMM"), "MMMM M");
-  EXPECT_EQ(Masks("yyyyy"), "yyyy y");
-  EXPECT_EQ(Masks("yyy"), "yyyy");
-  EXPECT_EQ(Masks("hhhh:mmm:sss ttt"), "hh [:] nn [:] ss [ ] tt");
-  EXPECT_EQ(Masks("HHH"), "HH");
-  EXPECT_EQ(Masks("hH"), "h H");
-  EXPECT_EQ(Masks("mm MM"), "nn [ ] MM");
-}
-
-TEST_F(FormatCutterTest, MinutesAndMonthsAreToldByCase) {
-  const std::vector<CDateMask> fields = Cut("mm MM");
-  EXPECT_EQ(fields[0].MaskType(), "m");
-  EXPECT_EQ(fields[2].MaskType(), "M");
-}
-
-TEST_F(FormatCutterTest, SeparatorsComeFromTheLocaleAtEachCut) {
-  EXPECT_EQ(Masks("d/M H:m"), "d [/] M [ ] H [:] n");
-  {
-    LocaleRestorer restore;
-    Locale dotted = CurrentLocale();
-    dotted.DateSeparator = ".";
-    dotted.TimeSeparator = "-";
-    SetCurrentLocale(dotted);
-    EXPECT_EQ(Masks("dd/MM/yyyy HH:mm"), "dd [.] MM [.] yyyy [ ] HH [-] nn");
-    EXPECT_EQ(Masks("dd\\/MM"), "dd [/] MM");
-  }
-  EXPECT_EQ(Masks("d/M"), "d [/] M");
-}
-
-TEST_F(FormatCutterTest, WidthsBeyondThirtyTwoBitsOverflow) {
   EXPECT_EQ(RaisedNumber([&] { CutDateFormat(surface, "dd/MM", INT32_MAX - 10, 21); }), 6);
+  Locale dotted = CurrentLocale();
+  dotted.DateSeparator = ".";
+  dotted.TimeSeparator = "-";
+  SetCurrentLocale(dotted);
+  EXPECT_EQ(Masks("dd/MM/yyyy HH:mm \\/"), "dd [.] MM [.] yyyy [ ] HH [-] nn [ /]");
 }
 
-TEST(PickerFormatString, LocalePatternsAreReadOnceCustomTextIsPassedThrough) {
-  LocaleRestorer restore;
-  const std::string longDate = PickerFormatString(dtpLongDate, "x");
-  const std::string shortDate = PickerFormatString(dtpShortDate, "x");
-  const std::string time = PickerFormatString(dtpTime, "x");
-  EXPECT_FALSE(longDate.empty());
+TEST_F(FormatCutterTest, LocalePatternsAreReadOncePerProcess) {
+  const std::string longDate = PickerFormatString(dtpLongDate, "");
+  const std::string time = PickerFormatString(dtpTime, "");
   Locale other = CurrentLocale();
   other.LongDatePattern = "yyyy MMMM";
-  other.ShortDatePattern = "yy-M-d";
   other.TimePattern = "HH.mm";
   SetCurrentLocale(other);
   LoadPickerPatterns();
-  EXPECT_EQ(PickerFormatString(dtpLongDate, ""), longDate);
-  EXPECT_EQ(PickerFormatString(dtpShortDate, ""), shortDate);
-  EXPECT_EQ(PickerFormatString(dtpTime, ""), time);
+  EXPECT_EQ(PickerFormatString(dtpLongDate, "") + PickerFormatString(dtpTime, ""), longDate + time);
   EXPECT_EQ(PickerFormatString(dtpCustom, "'Week' d"), "'Week' d");
   EXPECT_EQ(PickerFormatString(4, "d"), "");
-  EXPECT_EQ(PickerFormatString(-1, "d"), "");
 }
 
-// A long date with its month selected, written out to be looked at.
+// A long date with its month selected, written out to be looked at: the selected field on the
+// highlight in a box as high as the text, the others on the surface's back colour.
 TEST_F(FormatCutterTest, LongDateDrawsWithTheSelectedFieldHighlighted) {
-  constexpr COLORREF Back = 0xFFFFFF;
+  constexpr COLORREF Back = RGB(176, 252, 176);
   surface.SetBackColor(Back);
   surface.SetForeColor(vbWindowText);
   std::vector<CDateMask> fields = Cut("dddd, MMMM dd, yyyy 'at' hh:mm tt");
   ASSERT_EQ(fields.size(), 13u);
-  CDateMask& month = fields[2];
-  month.SetSelected(true);
+  for (size_t i = 0; i < fields.size(); ++i) { // placed one after the other from the left edge
+    EXPECT_EQ(fields[i].Left(), i == 0 ? 3 : fields[i - 1].Left() + fields[i - 1].Width()) << i;
+  }
+  fields[2].SetSelected(true);
   for (CDateMask& field : fields) {
     field.SetValue(DateSerial(2005, 3, 7) + TimeSerial(14, 5, 0));
     field.Draw();
   }
   const std::filesystem::path out = std::filesystem::path(TARNBROOK_TEST_OUTPUT) / "picker";
   std::filesystem::create_directories(out);
-  Canvas* canvas = Canvas::FromHandle(surface.hDC());
-  canvas->WritePng((out / "long_date_fields.png").string());
-
-  const int32_t middle = LineHeight / 2;
-  EXPECT_EQ(canvas->GetPixel(month.Left() + 1, middle), static_cast<COLORREF>(GetSysColor(13)));
-  EXPECT_EQ(canvas->GetPixel(month.Left() + 1, 0), Back);
-  EXPECT_EQ(canvas->GetPixel(fields[0].Left() + 1, middle), Back);
-  EXPECT_EQ(fields.back().Text(), "PM");
+  const Canvas& canvas = *Canvas::FromHandle(surface.hDC());
+  canvas.WritePng((out / "long_date_fields.png").string());
+  const int32_t boxTop = (LineHeight - surface.TextHeight("March")) / 2;
+  for (int32_t x = fields[2].Left(); x < fields[2].Left() + fields[2].Width(); ++x) {
+    EXPECT_EQ(canvas.GetPixel(x, boxTop), static_cast<COLORREF>(GetSysColor(13))) << x;
+    EXPECT_EQ(canvas.GetPixel(x, boxTop - 1), Back) << x;
+  }
+  for (int32_t y = 0; y < LineHeight; ++y) { // "Monday" straight on the back colour
+    EXPECT_NE(canvas.GetPixel(fields[0].Left() + fields[0].Width() / 2, y), 0xFFFFFFu) << y;
+  }
 }
 
 } // namespace
