@@ -29,7 +29,7 @@ constexpr int32_t StateInactive = 0x100; // greyed arrow buttons of a disabled c
 } // namespace
 
 MonthCalendar::MonthCalendar(HWND parent) : Control(parent) {
-  Move(0, 0, FixedWidth, FixedHeight);
+  Move(0, 0, FixedWidth, FixedHeight); // the buttons draw into the surface of this size
 
   // The month list lies hidden under the month's name; a click there opens its list.
   cboMonth_ = std::make_unique<ComboBox>(hWnd());
