@@ -88,7 +88,8 @@ void MonthCalendar::OnMouseUp(int16_t button, int16_t, float x, float y) {
   }
 }
 
-// The second press of a double click presses the button under the pointer once more.
+// The second press of a double click presses the button under the pointer once more. No
+// wait is needed: the face stays pushed until the button comes up.
 void MonthCalendar::OnDblClick() {
   Platform& platform = Platform::Current();
   Point point = platform.ScreenToClient(hWnd(), platform.GetCursorPos());
