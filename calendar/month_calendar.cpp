@@ -31,6 +31,8 @@ constexpr int32_t StateInactive = 0x100; // greyed arrow buttons of a disabled c
 MonthCalendar::MonthCalendar(HWND parent) : Control(parent) {
   Move(0, 0, FixedWidth, FixedHeight); // the buttons draw into the surface of this size
 
+  dropDown_.Connect(this);
+
   // The month list lies hidden under the month's name; a click there opens its list.
   cboMonth_ = std::make_unique<ComboBox>(hWnd());
   cboMonth_->SetVisible(false);
@@ -49,6 +51,10 @@ MonthCalendar::MonthCalendar(HWND parent) : Control(parent) {
 
 MonthCalendar::~MonthCalendar() {
   cboMonth_->Disconnect(this);
+  // The pop-up object still hides a shown pop-up when it ends, but tells nobody.
+  dropDown_.Disconnect(this);
+  if (printClientAttached_)
+    DetachMessage(this, hWnd(), WM_PRINTCLIENT);
 }
 
 // --- The selected date and the displayed month and year ---

@@ -13,6 +13,8 @@
 #include "host/control.hpp"
 #include "host/event_source.hpp"
 #include "platform/timer.hpp"
+#include "winplumb/drop_down.hpp"
+#include "winplumb/subclass.hpp"
 
 namespace tarnbrook {
 
@@ -74,7 +76,10 @@ enum MonthCalendarEventId {
 // navigation buttons, "Today" and "Empty" below. The selected date (Value) and the displayed
 // month are separate: navigation moves only the display; a day click, "Today" or an
 // assignment changes Value and brings its month into view. Fixed size 204 x 180 pixels.
-class MonthCalendar : public Control, private ComboBoxEvents {
+class MonthCalendar : public Control,
+                      private ComboBoxEvents,
+                      private cDropDownEvents,
+                      private ISubclass {
 public:
   static constexpr int32_t FixedWidth = 204;
   static constexpr int32_t FixedHeight = 180;
@@ -192,6 +197,15 @@ private:
   std::unique_ptr<ComboBox> cboMonth_;
   std::map<std::string, CFrame> buttons_;
   Timer t_;
+
+  // Pop-up mode: the pop-up object's events, and WM_PRINTCLIENT of the own window while
+  // attached (run mode, after the properties are read).
+  void MouseDownOutside(bool& DontHide) override;
+  void Hidden() override;
+  LRESULT WindowProc(HWND hwnd, int32_t iMsg, WPARAM wParam, LPARAM lParam) override;
+  void AttachPrintClient();
+  cDropDown dropDown_;
+  bool printClientAttached_ = false;
 
   DateValue value_ = 0;
   std::string displayedYear_;

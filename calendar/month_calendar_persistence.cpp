@@ -98,6 +98,8 @@ void MonthCalendar::ReadProperties(PropertyBag& bag) {
 
   // The month handling brings the displayed month to the value's, within the limits.
   Tolerant([&] { cboMonth_->SetListIndex(Month(value_) - 1); });
+
+  AttachPrintClient();
 }
 
 void MonthCalendar::WriteProperties(PropertyBag& bag) {

@@ -154,6 +154,9 @@ LRESULT Control::Route(UINT msg, WPARAM wParam, LPARAM lParam) {
     OnPaint();
     CopySurfaceToWindow();
     return 0;
+  case WM_PRINTCLIENT:
+    PrintClient(static_cast<HDC>(wParam));
+    return 0;
   case WM_TIMER:
     OnTimer(wParam);
     return 0;
@@ -186,6 +189,12 @@ void Control::MouseButton(UINT msg, WPARAM wParam, LPARAM lParam) {
     OnDblClick();
   else
     OnMouseDown(button, shift, x, y);
+}
+
+void Control::PrintClient(HDC target) {
+  OnPaint();
+  if (target && surface_.hDC())
+    surface_.Draw(target);
 }
 
 void Control::CopySurfaceToWindow() {

@@ -76,6 +76,9 @@ protected:
   // Notifies the site that the property under `key` changed.
   void PropertyChanged(const std::string& key) { site_->PropertyChanged(key); }
 
+  // Paints the whole control into a context the system supplies (WM_PRINTCLIENT).
+  void PrintClient(HDC target);
+
   // The off-screen surface, the size of the client area.
   cMDC& Surface() { return surface_; }
 

@@ -18,6 +18,8 @@ class CalendarEventLog : public MonthCalendarEvents {
 public:
   Log events;
   bool withMouse = true; // false leaves the mouse events out
+  bool cancelDropDown = false;
+  bool cancelCloseUp = false;
 
   Log Take() { return std::exchange(events, {}); } // the events so far; the log starts afresh
 
@@ -26,6 +28,10 @@ public:
   void YearChanged() override { events.push_back("YearChanged"); }
   void DateClicked() override { events.push_back("DateClicked"); }
   void EmptyClicked() override { events.push_back("EmptyClicked"); }
+  void BeforeDropDown(bool& cancel) override { Cancellable("BeforeDropDown", cancel); }
+  void DroppedDown() override { events.push_back("DroppedDown"); }
+  void BeforeCloseUp(bool& cancel) override { Cancellable("BeforeCloseUp", cancel); }
+  void AfterClosedUp() override { events.push_back("AfterClosedUp"); }
   void MouseMove(int16_t b, float x, float y) override { Mouse("MouseMove", b, x, y); }
   void MouseDown(int16_t b, float x, float y) override { Mouse("MouseDown", b, x, y); }
   void MouseUp(int16_t b, float x, float y) override { Mouse("MouseUp", b, x, y); }
@@ -34,6 +40,10 @@ public:
   void KeyPress(int16_t& k) override { events.push_back("KeyPress " + std::to_string(k)); }
 
 private:
+  void Cancellable(const std::string& what, bool& cancel) {
+    events.push_back(what);
+    cancel = what == "BeforeDropDown" ? cancelDropDown : cancelCloseUp;
+  }
   void Add(const std::string& what, int a, int b) {
     events.push_back(what + " " + std::to_string(a) + " " + std::to_string(b));
   }
