@@ -49,13 +49,13 @@ void PaintWeekdayNames(cMDC& surface, int32_t firstDay, OleColor color) {
 } // namespace
 
 void MonthCalendar::CreateButtons() {
-  for (const layout::ButtonLayout& spec : layout::Buttons) {
-    CFrame& button = buttons_[spec.name];
-    button.Name = spec.name;
-    button.Init(spec.frameType, spec.style, Surface().hDC(), spec.top, spec.left, spec.height,
-                spec.width);
+  for (const layout::ButtonLayout& layoutOf : layout::Buttons) {
+    CFrame& button = buttons_[layoutOf.name];
+    button.Name = layoutOf.name;
+    button.Init(layoutOf.frameType, layoutOf.style, Surface().hDC(), layoutOf.top, layoutOf.left,
+                layoutOf.height, layoutOf.width);
     button.Border = buttonStyle_;
-    button.Visible = spec.visible;
+    button.Visible = layoutOf.visible;
   }
   t_.SetEnabled(false);
   t_.SetInterval(layout::FirstRepeatDelay);
