@@ -49,13 +49,13 @@ void PaintWeekdayNames(cMDC& surface, int32_t firstDay, OleColor color) {
 } // namespace
 
 void MonthCalendar::CreateButtons() {
-  for (const layout::ButtonLayout& layoutOf : layout::Buttons) {
-    CFrame& button = buttons_[layoutOf.name];
-    button.Name = layoutOf.name;
-    button.Init(layoutOf.frameType, layoutOf.style, Surface().hDC(), layoutOf.top, layoutOf.left,
-                layoutOf.height, layoutOf.width);
+  for (const layout::ButtonLayout& place : layout::Buttons) {
+    CFrame& button = buttons_[place.name];
+    button.Name = place.name;
+    button.Init(place.frameType, place.style, Surface().hDC(), place.top, place.left, place.height,
+                place.width);
     button.Border = buttonStyle_;
-    button.Visible = layoutOf.visible;
+    button.Visible = place.visible;
   }
   t_.SetEnabled(false);
   t_.SetInterval(layout::FirstRepeatDelay);
