@@ -6,6 +6,7 @@ packages=(
   cmake ninja-build g++ pkg-config git
   libcairo2-dev libpango1.0-dev fonts-dejavu-core
   libicu-dev nlohmann-json3-dev
+  libx11-dev xvfb xdotool x11-apps
   libgtest-dev libbenchmark-dev
 )
 
