@@ -1,0 +1,166 @@
+#pragma once
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "common/date_runtime.hpp"
+#include "host/container.hpp"
+#include "picker/date_picker.hpp"
+#include "platform/memory/memory_platform.hpp"
+#include "tests/support/raised.hpp"
+
+namespace tarnbrook {
+
+using Log = std::vector<std::string>;
+
+// Logs the picker's events by name, with their arguments, in the order they come.
+class PickerEventLog : public DatePickerEvents {
+public:
+  Log events;
+  bool withMouse = false; // mouse events are logged only when asked for
+  bool withKeys = false;  // so are key events
+  bool cancelEmpty = false;
+  bool cancelDropDown = false;
+  bool cancelCloseUp = false;
+
+  Log Take() { return std::exchange(events, {}); } // the events so far; the log starts afresh
+
+  void Change() override { events.push_back("Change"); }
+  void MouseDown(int16_t b, int16_t s, float x, float y) override {
+    Mouse("MouseDown", b, s, x, y);
+  }
+  void MouseMove(int16_t b, int16_t s, float x, float y) override {
+    Mouse("MouseMove", b, s, x, y);
+  }
+  void MouseUp(int16_t b, int16_t s, float x, float y) override { Mouse("MouseUp", b, s, x, y); }
+  void KeyDown(int16_t& k, int16_t s) override { Key("KeyDown " + Text(k) + " " + Text(s)); }
+  void KeyPress(int16_t& k) override { Key("KeyPress " + Text(k)); }
+  void KeyUp(int16_t& k, int16_t s) override { Key("KeyUp " + Text(k) + " " + Text(s)); }
+  void EmptyClicked(bool& cancel) override { Cancellable("EmptyClicked", cancel, cancelEmpty); }
+  void BeforeCalendarDropDown(bool& cancel) override {
+    Cancellable("BeforeCalendarDropDown", cancel, cancelDropDown);
+  }
+  void AfterCalendarDropDown() override { events.push_back("AfterCalendarDropDown"); }
+  void BeforeCalendarCloseUp(bool& cancel) override {
+    Cancellable("BeforeCalendarCloseUp", cancel, cancelCloseUp);
+  }
+  void AfterCalendarCloseUp() override { events.push_back("AfterCalendarCloseUp"); }
+
+private:
+  static std::string Text(int n) { return std::to_string(n); }
+  void Cancellable(const std::string& what, bool& cancel, bool answer) {
+    events.push_back(what);
+    cancel = answer;
+  }
+  void Mouse(const std::string& what, int16_t b, int16_t s, float x, float y) {
+    if (withMouse)
+      events.push_back(what + " " + Text(b) + " " + Text(s) + " " + Text(int(x)) + " " +
+                       Text(int(y)));
+  }
+  void Key(const std::string& text) {
+    if (withKeys)
+      events.push_back(text);
+  }
+};
+
+// A form holding one new picker (140 x 21 at 20, 30) on Saturday 21 November 2026, noon, with
+// the built-in English locale; the event log is connected after creation and the changed keys
+// are cleared.
+class PickerTest : public ::testing::Test {
+protected:
+  static constexpr const char* Name = "DatePicker1";
+  static constexpr int32_t Left = 20;
+  static constexpr int32_t Top = 30;
+  static constexpr int32_t PickerWidth = 140;
+  static constexpr int32_t PickerHeight = 21;
+
+  PickerTest() {
+    platform.SetNow(DateSerial(2026, 11, 21) + 0.5);
+    picker = &static_cast<DatePicker&>(
+        form.Add(std::make_unique<DatePicker>(), Name, Left, Top, PickerWidth, PickerHeight));
+    picker->Connect(&log);
+    form.ClearChangedKeys();
+  }
+
+  // A value, a custom format and the focus: the usual start of an editing test.
+  void Start(DateValue value, const std::string& format = "MM/dd/yyyy") {
+    picker->SetFormat(dtpCustom);
+    picker->SetCustomFormat(format);
+    picker->SetValue(Variant::Date(value));
+    picker->SetFocus();
+    form.ClearChangedKeys();
+    log.Take();
+  }
+
+  // A person's mouse at a point of the picker's client area.
+  Point ScreenPoint(int32_t x, int32_t y) {
+    return platform.ClientToScreen(picker->hWnd(), {x, y});
+  }
+  void PressAt(int32_t x, int32_t y) {
+    Point p = ScreenPoint(x, y);
+    platform.MouseDown(VK_LBUTTON, p.x, p.y);
+  }
+  void MoveTo(int32_t x, int32_t y) {
+    Point p = ScreenPoint(x, y);
+    platform.MouseMove(p.x, p.y);
+  }
+  void ReleaseAt(int32_t x, int32_t y) {
+    Point p = ScreenPoint(x, y);
+    platform.MouseUp(VK_LBUTTON, p.x, p.y);
+  }
+  void ClickAt(int32_t x, int32_t y) {
+    Point p = ScreenPoint(x, y);
+    platform.Click(p.x, p.y);
+  }
+  // A click on the middle of a field.
+  void ClickField(int32_t index) {
+    const CDateMask& field = picker->Fields().at(index);
+    ClickAt(field.Left() + field.Width() / 2, PickerHeight / 2);
+  }
+
+  // The index of the first field of a type ("M", "d", "y" ...), -1 when there is none.
+  int32_t FieldOf(const std::string& type) const {
+    const std::vector<CDateMask>& fields = picker->Fields();
+    for (size_t i = 0; i < fields.size(); ++i)
+      if (fields[i].MaskType() == type)
+        return static_cast<int32_t>(i);
+    return -1;
+  }
+  // The text the fields show, one after the other.
+  std::string Shown() const {
+    std::string text;
+    for (const CDateMask& field : picker->Fields())
+      text += field.Text();
+    return text;
+  }
+  DateValue Date() const { return picker->Value().ToDate(); }
+
+  // The picker's pixels as its window shows them.
+  COLORREF PixelAt(int32_t x, int32_t y) {
+    return platform.WindowCanvas(picker->hWnd())->GetPixel(x, y);
+  }
+  // Writes the whole screen, or only the picker's window, as picker/<name>.png under the
+  // test output folder.
+  void WriteScreen(const std::string& name) { platform.WriteScreenPng(OutputPath(name)); }
+  void WritePicker(const std::string& name) {
+    platform.WindowCanvas(picker->hWnd())->WritePng(OutputPath(name));
+  }
+  static std::string OutputPath(const std::string& name) {
+    const std::filesystem::path out = std::filesystem::path(TARNBROOK_TEST_OUTPUT) / "picker";
+    std::filesystem::create_directories(out);
+    return (out / (name + ".png")).string();
+  }
+
+  const Log& ChangedKeys() { return form.ChangedKeys(Name); }
+
+  MemoryPlatform platform;
+  Container form;
+  DatePicker* picker = nullptr;
+  PickerEventLog log;
+};
+
+} // namespace tarnbrook
