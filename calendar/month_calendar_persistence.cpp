@@ -6,6 +6,7 @@
 #include "common/control_error.hpp"
 #include "common/conversions.hpp"
 #include "common/date_runtime.hpp"
+#include "host/persisted_objects.hpp"
 #include "platform/platform.hpp"
 
 namespace tarnbrook {
@@ -19,24 +20,6 @@ void Tolerant(const std::function<void()>& read) {
     read();
   } catch (const ControlError&) {
   }
-}
-
-Variant FontVariant(const tarnbrook::Font& font) {
-  return Variant(std::shared_ptr<Object>(std::make_shared<tarnbrook::Font>(font)));
-}
-
-// No picture is Empty, so that it equals the default and is not written.
-Variant PictureVariant(const std::shared_ptr<const Picture>& picture) {
-  if (!picture)
-    return Variant();
-  return Variant(std::shared_ptr<Object>(std::const_pointer_cast<Picture>(picture)));
-}
-
-template <class T> std::shared_ptr<T> ObjectOf(const Variant& value) {
-  auto object = std::dynamic_pointer_cast<T>(value.ToObject());
-  if (!object)
-    RaiseRuntimeError(rtTypeMismatch);
-  return object;
 }
 
 } // namespace
