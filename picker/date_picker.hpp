@@ -201,6 +201,7 @@ private:
   void SetFieldsValue(tarnbrook::DateValue value);
   tarnbrook::DateValue Clamp(tarnbrook::DateValue value) const;
   int32_t NextEditableField(int32_t from, int direction) const;
+  void RestoreLastDate(); // an empty picker takes its last date again (pickeredit)
 
   // Layout and painting.
   void RebuildFields();
