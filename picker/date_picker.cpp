@@ -1,41 +1,219 @@
+// The picker's creation, its value and limits, and its plain properties.
 #include "picker/date_picker.hpp"
 
-namespace tarnbrook {
+#include "common/control_error.hpp"
+#include "common/conversions.hpp"
+#include "common/date_runtime.hpp"
+#include "common/property_bag.hpp"
+#include "platform/platform.hpp"
 
-DatePicker::DatePicker(HWND parent) : Control(parent) {}
-DatePicker::~DatePicker() = default;
+namespace tarnbrook {
+namespace {
+
+constexpr int32_t DefaultWidth = 120; // pixels, until the container places the picker
+constexpr int32_t DefaultHeight = 21;
+constexpr uint32_t ValidateDelay = 750; // ms
+
+// A text the runtime reads as a date counts as a date.
+bool IsDateValue(const Variant& value) {
+  return value.VarType() == vbDate || (value.VarType() == vbString && IsDate(value.ToString()));
+}
+
+bool IsZeroLength(const Variant& value) {
+  return value.IsEmpty() || (value.VarType() == vbString && value.ToString().empty());
+}
+
+} // namespace
+
+DatePicker::DatePicker(HWND parent) : Control(parent) {
+  calendar_ = std::make_unique<MonthCalendar>(hWnd());
+  calendar_->SetVisible(false);
+  calendar_->Connect(this);
+  LoadPickerPatterns();
+
+  minDate_ = DateSerial(1601, 1, 1);
+  maxDate_ = DateSerial(9999, 12, 31);
+  lastDate_ = Platform::Current().Today(); // what an empty picker offers when editing starts
+  timer_.SetEnabled(false);
+  timer_.SetInterval(ValidateDelay);
+  timer_.SetCallback([this] { TimerTick(); });
+  Move(0, 0, DefaultWidth, DefaultHeight);
+
+  // Read as a loaded constituent, the calendar paints its drop-down animation in run mode.
+  // Its Change while it reads is none of the picker's business.
+  MemoryPropertyBag none;
+  settingCalendar_ = true;
+  calendar_->ReadProperties(none);
+  settingCalendar_ = false;
+}
+
+DatePicker::~DatePicker() {
+  calendar_->Disconnect(this);
+}
+
+// --- The value and its limits ---
 
 Variant DatePicker::Value() const {
-  return Variant::Null();
+  return empty_ ? Variant::Null() : Variant::Date(value_);
 }
-void DatePicker::SetValue(const Variant&) {}
+
+void DatePicker::SetValue(const Variant& value) {
+  if (value.IsNull() || IsZeroLength(value)) {
+    if (!empty_)
+      lastDate_ = value_;
+    empty_ = true;
+  } else if (IsDateValue(value)) {
+    const tarnbrook::DateValue date = value.ToDate();
+    if (date < minDate_ || date > maxDate_)
+      throw ControlError(2050, "DatePicker",
+                         "The Date specified doesn't fall within the Min/Max Values");
+    value_ = date;
+    empty_ = false;
+    SetFieldsValue(date);
+  }
+  PropertyChanged("Value");
+  Redraw();
+}
+
 tarnbrook::DateValue DatePicker::DateValue() const {
-  return 0;
+  return empty_ ? 0 : DateOnly(value_);
 }
+
 tarnbrook::DateValue DatePicker::TimeValue() const {
-  return 0;
+  return empty_ ? 0 : TimeOfDay(value_);
 }
-void DatePicker::SetMinDate(tarnbrook::DateValue) {}
-void DatePicker::SetMaxDate(tarnbrook::DateValue) {}
-void DatePicker::SetAllowEmpty(bool) {}
-void DatePicker::SetFormat(int32_t) {}
-void DatePicker::SetCustomFormat(const std::string&) {}
-void DatePicker::SetChangeOnDrag(bool) {}
-void DatePicker::SetExitOnReturn(bool) {}
-void DatePicker::SetLocked(bool) {}
+
+void DatePicker::SetMinDate(tarnbrook::DateValue value) {
+  if (value > maxDate_)
+    throw ControlError(1068, "DatePicker", "MinDate can't be larger than MaxDate");
+  minDate_ = value;
+  ClampToLimits();
+  PropertyChanged("MinDate");
+}
+
+void DatePicker::SetMaxDate(tarnbrook::DateValue value) {
+  if (value < minDate_)
+    throw ControlError(1070, "DatePicker", "MaxDate can't be smaller than MinDate");
+  maxDate_ = value;
+  ClampToLimits();
+  PropertyChanged("MaxDate");
+}
+
+// --- Behaviour ---
+
+void DatePicker::SetAllowEmpty(bool allow) {
+  allowEmpty_ = allow;
+  calendar_->SetEmptyButton(allow);
+  PropertyChanged("AllowEmpty");
+}
+
+void DatePicker::SetFormat(int32_t format) {
+  format_ = format;
+  RebuildFields();
+  Redraw();
+  PropertyChanged("Format");
+}
+
+void DatePicker::SetCustomFormat(const std::string& format) {
+  customFormat_ = format;
+  RebuildFields();
+  Redraw();
+  PropertyChanged("CustomFormat");
+}
+
+void DatePicker::SetChangeOnDrag(bool on) {
+  changeOnDrag_ = on;
+  PropertyChanged("ChangeOnDrag");
+}
+
+void DatePicker::SetExitOnReturn(bool on) {
+  exitOnReturn_ = on;
+  PropertyChanged("ExitOnReturn");
+}
+
+void DatePicker::SetLocked(bool locked) {
+  locked_ = locked;
+  PropertyChanged("Locked");
+}
+
 void DatePicker::SetEnabled(bool enabled) {
   Control::SetEnabled(enabled);
+  LayoutButtons();
+  Redraw();
+  PropertyChanged("Enabled");
 }
-void DatePicker::SetButton(int32_t) {}
-void DatePicker::SetButtonWidth(int32_t) {}
-void DatePicker::SetButtonStyle(int32_t) {}
-void DatePicker::SetBorderStyle(int32_t) {}
-void DatePicker::SetBackColor(OleColor) {}
-void DatePicker::SetForeColor(OleColor) {}
-void DatePicker::SetFocusColor(OleColor) {}
-void DatePicker::SetUseFocusColor(bool) {}
-void DatePicker::SetShowFocusRect(bool) {}
-void DatePicker::SetFont(const tarnbrook::Font&) {}
-void DatePicker::About() {}
+
+// --- Appearance ---
+
+void DatePicker::SetButton(int32_t buttons) {
+  button_ = buttons;
+  LayoutButtons();
+  Redraw();
+  PropertyChanged("Button");
+}
+
+void DatePicker::SetButtonWidth(int32_t width) {
+  buttonWidth_ = width;
+  LayoutButtons();
+  Redraw();
+  PropertyChanged("ButtonWidth");
+}
+
+void DatePicker::SetButtonStyle(int32_t style) {
+  if (style > dtpButtonFlat)
+    throw ControlError(5065, "Tarnbrook.DatePicker", "Invalid ButtonStyle!");
+  buttonStyle_ = style;
+  LayoutButtons();
+  Redraw();
+  PropertyChanged("ButtonStyle");
+}
+
+void DatePicker::SetBorderStyle(int32_t style) {
+  borderStyle_ = style;
+  RebuildFields(); // the text starts inside the border
+  Redraw();
+  PropertyChanged("BorderStyle");
+}
+
+void DatePicker::SetBackColor(OleColor color) {
+  backColor_ = color;
+  Redraw();
+  PropertyChanged("BackColor");
+}
+
+void DatePicker::SetForeColor(OleColor color) {
+  foreColor_ = color;
+  Redraw();
+  PropertyChanged("ForeColor");
+}
+
+void DatePicker::SetFocusColor(OleColor color) {
+  focusColor_ = color;
+  Redraw();
+  PropertyChanged("FocusColor");
+}
+
+void DatePicker::SetUseFocusColor(bool use) {
+  useFocusColor_ = use;
+  Redraw();
+  PropertyChanged("UseFocusColor");
+}
+
+void DatePicker::SetShowFocusRect(bool show) {
+  showFocusRect_ = show;
+  Redraw();
+  PropertyChanged("ShowFocusRect");
+}
+
+void DatePicker::SetFont(const tarnbrook::Font& font) {
+  font_ = font;
+  RebuildFields();
+  Redraw();
+  PropertyChanged("Font");
+}
+
+void DatePicker::About() {
+  Site().MessageBox("Tarnbrook DatePicker\nDate-entry controls", "About DatePicker");
+}
 
 } // namespace tarnbrook
