@@ -7,7 +7,7 @@
 namespace tarnbrook {
 namespace {
 
-constexpr int32_t TextMargin = 1; // pixels between the border and the first field
+constexpr int32_t TextMargin = 2; // the focus rectangle lies between the border and the text
 
 } // namespace
 
