@@ -35,27 +35,21 @@ TEST_F(PickerAppearanceTest, ButtonsLieAtTheRightEdgeAndFlatOnesAreOnePixelSmall
   picker->SetFormat(dtpShortDate);
   picker->Move(Left, Top, 100, 21);
   picker->SetButton(dtpBoth);
-  for (auto [x, y, hit] : {std::tuple{84, 0, "DropDown"},
-                           {99, 20, "DropDown"},
-                           {68, 0, "Up"},
-                           {83, 9, "Up"},
-                           {68, 10, "Down"},
-                           {83, 20, "Down"},
-                           {67, 5, ""}})
-    EXPECT_EQ(ButtonAt(x, y), hit) << x << "," << y;
+  struct Probe {
+    int32_t x, y;
+    const char* hit;
+  };
+  const Probe plain[] = {{84, 0, "DropDown"}, {99, 20, "DropDown"}, {68, 0, "Up"}, {83, 9, "Up"},
+                         {68, 10, "Down"},    {83, 20, "Down"},     {67, 5, ""}};
+  for (const Probe& probe : plain)
+    EXPECT_EQ(ButtonAt(probe.x, probe.y), probe.hit) << probe.x << "," << probe.y;
   picker->SetButtonStyle(dtpButtonFlat);
-  for (auto [x, y, hit] : {std::tuple{84, 5, ""},
-                           {85, 1, "DropDown"},
-                           {98, 19, "DropDown"},
-                           {99, 5, ""},
-                           {69, 1, "Up"},
-                           {82, 8, "Up"},
-                           {82, 9, ""},
-                           {69, 11, "Down"},
-                           {82, 19, "Down"},
-                           {83, 15, ""},
-                           {69, 20, ""}})
-    EXPECT_EQ(ButtonAt(x, y), hit) << x << "," << y;
+  const Probe flat[] = {{84, 5, ""},  {85, 1, "DropDown"}, {98, 19, "DropDown"},
+                        {99, 5, ""},  {69, 1, "Up"},       {82, 8, "Up"},
+                        {82, 9, ""},  {69, 11, "Down"},    {82, 19, "Down"},
+                        {83, 15, ""}, {69, 20, ""}};
+  for (const Probe& probe : flat)
+    EXPECT_EQ(ButtonAt(probe.x, probe.y), probe.hit) << probe.x << "," << probe.y;
   picker->SetButton(dtpUpDown);
   EXPECT_EQ(ButtonAt(90, 5), "Up");
   picker->SetButton(dtpNone);
@@ -80,11 +74,7 @@ TEST_F(PickerAppearanceTest, FocusShowsTheFocusColourAndADottedRectangleInsideTh
   picker->SetShowFocusRect(false);
   EXPECT_EQ(dots(3) + dots(TextRight - 4), 0);
   picker->SetUseFocusColor(false);
-  EXPECT_EQ(PixelAt(TextRight - 2, 10), White);
-}
-
-TEST_F(PickerAppearanceTest, AnEmptyPickerShowsNoText) {
-  picker->SetValue(Variant::Null());
+  picker->SetValue(Variant::Null()); // shows no text at all
   for (int32_t x = 2; x < TextRight; ++x)
     for (int32_t y = 2; y < PickerHeight - 2; ++y)
       ASSERT_EQ(PixelAt(x, y), White) << x << "," << y;
@@ -113,13 +103,11 @@ TEST_F(PickerAppearanceTest, EachBorderStyleAndButtonSetDrawsAsItShould) {
 
 TEST_F(PickerAppearanceTest, AButtonStyleAbove2IsRefused) {
   picker->SetButtonStyle(dtpButtonThin3D);
-  form.ClearChangedKeys();
   const ControlError error = Raised([&] { picker->SetButtonStyle(3); });
   EXPECT_EQ(error.Number(), 5065);
   EXPECT_EQ(error.Source(), "Tarnbrook.DatePicker");
   EXPECT_EQ(error.Description(), "Invalid ButtonStyle!");
   EXPECT_EQ(picker->ButtonStyle(), dtpButtonThin3D);
-  EXPECT_EQ(ChangedKeys(), Log{});
 }
 
 } // namespace

@@ -21,8 +21,7 @@ using Log = std::vector<std::string>;
 class PickerEventLog : public DatePickerEvents {
 public:
   Log events;
-  bool withMouse = false; // mouse events are logged only when asked for
-  bool withKeys = false;  // so are key events
+  bool withKeys = false; // key events are logged only when asked for
   bool cancelEmpty = false;
   bool cancelDropDown = false;
   bool cancelCloseUp = false;
@@ -30,13 +29,6 @@ public:
   Log Take() { return std::exchange(events, {}); } // the events so far; the log starts afresh
 
   void Change() override { events.push_back("Change"); }
-  void MouseDown(int16_t b, int16_t s, float x, float y) override {
-    Mouse("MouseDown", b, s, x, y);
-  }
-  void MouseMove(int16_t b, int16_t s, float x, float y) override {
-    Mouse("MouseMove", b, s, x, y);
-  }
-  void MouseUp(int16_t b, int16_t s, float x, float y) override { Mouse("MouseUp", b, s, x, y); }
   void KeyDown(int16_t& k, int16_t s) override { Key("KeyDown " + Text(k) + " " + Text(s)); }
   void KeyPress(int16_t& k) override { Key("KeyPress " + Text(k)); }
   void KeyUp(int16_t& k, int16_t s) override { Key("KeyUp " + Text(k) + " " + Text(s)); }
@@ -55,11 +47,6 @@ private:
   void Cancellable(const std::string& what, bool& cancel, bool answer) {
     events.push_back(what);
     cancel = answer;
-  }
-  void Mouse(const std::string& what, int16_t b, int16_t s, float x, float y) {
-    if (withMouse)
-      events.push_back(what + " " + Text(b) + " " + Text(s) + " " + Text(int(x)) + " " +
-                       Text(int(y)));
   }
   void Key(const std::string& text) {
     if (withKeys)
@@ -101,35 +88,16 @@ protected:
     return platform.ClientToScreen(picker->hWnd(), {x, y});
   }
   void PressAt(int32_t x, int32_t y) {
-    Point p = ScreenPoint(x, y);
-    platform.MouseDown(VK_LBUTTON, p.x, p.y);
+    platform.MouseDown(VK_LBUTTON, ScreenPoint(x, y).x, ScreenPoint(x, y).y);
   }
   void MoveTo(int32_t x, int32_t y) {
-    Point p = ScreenPoint(x, y);
-    platform.MouseMove(p.x, p.y);
+    platform.MouseMove(ScreenPoint(x, y).x, ScreenPoint(x, y).y);
   }
   void ReleaseAt(int32_t x, int32_t y) {
-    Point p = ScreenPoint(x, y);
-    platform.MouseUp(VK_LBUTTON, p.x, p.y);
+    platform.MouseUp(VK_LBUTTON, ScreenPoint(x, y).x, ScreenPoint(x, y).y);
   }
-  void ClickAt(int32_t x, int32_t y) {
-    Point p = ScreenPoint(x, y);
-    platform.Click(p.x, p.y);
-  }
-  // A click on the middle of a field.
-  void ClickField(int32_t index) {
-    const CDateMask& field = picker->Fields().at(index);
-    ClickAt(field.Left() + field.Width() / 2, PickerHeight / 2);
-  }
+  void ClickAt(int32_t x, int32_t y) { platform.Click(ScreenPoint(x, y).x, ScreenPoint(x, y).y); }
 
-  // The index of the first field of a type ("M", "d", "y" ...), -1 when there is none.
-  int32_t FieldOf(const std::string& type) const {
-    const std::vector<CDateMask>& fields = picker->Fields();
-    for (size_t i = 0; i < fields.size(); ++i)
-      if (fields[i].MaskType() == type)
-        return static_cast<int32_t>(i);
-    return -1;
-  }
   // The text the fields show, one after the other.
   std::string Shown() const {
     std::string text;
