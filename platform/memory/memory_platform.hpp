@@ -138,8 +138,9 @@ public:
   void MouseDown(int button, int32_t x, int32_t y);
   void MouseUp(int button, int32_t x, int32_t y);
   void Click(int32_t x, int32_t y);
-  void DoubleClick(int32_t x, int32_t y);           // down, up, WM_LBUTTONDBLCLK, up
-  void SetClickFocus(bool on) { clickFocus_ = on; } // a click focuses its window (default)
+  void DoubleClick(int32_t x, int32_t y);                  // down, up, WM_LBUTTONDBLCLK, up
+  void MouseDoubleClick(int button, int32_t x, int32_t y); // the second press of a double click
+  void SetClickFocus(bool on) { clickFocus_ = on; }        // a click focuses its window (default)
 
   // Test side: keyboard, to the focused window.
   void KeyDown(int virtualKey);

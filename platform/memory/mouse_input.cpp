@@ -88,9 +88,16 @@ void MemoryPlatform::Click(int32_t x, int32_t y) {
 // The second press arrives as a double click, as the system reports it.
 void MemoryPlatform::DoubleClick(int32_t x, int32_t y) {
   Click(x, y);
-  keysDown_[VK_LBUTTON] = true;
-  InjectMouse(ButtonMessage(VK_LBUTTON, DoubleClickAction), {x, y});
+  MouseDoubleClick(VK_LBUTTON, x, y);
   MouseUp(VK_LBUTTON, x, y);
+}
+
+void MemoryPlatform::MouseDoubleClick(int button, int32_t x, int32_t y) {
+  if (cursorPos_ != Point{x, y}) {
+    MouseMove(x, y);
+  }
+  keysDown_[button] = true;
+  InjectMouse(ButtonMessage(button, DoubleClickAction), {x, y});
 }
 
 } // namespace tarnbrook
