@@ -12,21 +12,16 @@ bool DatePicker::IsDropped() const {
 
 void DatePicker::DropDownCalendar() {
   settingCalendar_ = true;
-  try {
-    calendar_->SetValue(empty_ ? lastDate_ : value_);
-    // Widen before narrowing, so that the calendar never sees its limits crossed on the way.
-    if (maxDate_ >= calendar_->MinDate()) {
-      calendar_->SetMaxDate(maxDate_);
-      calendar_->SetMinDate(minDate_);
-    } else {
-      calendar_->SetMinDate(minDate_);
-      calendar_->SetMaxDate(maxDate_);
-    }
-  } catch (...) {
-    settingCalendar_ = false;
-    throw;
-  }
+  calendar_->SetValue(empty_ ? lastDate_ : value_);
   settingCalendar_ = false;
+  // Widen before narrowing, so that the calendar never sees its limits crossed on the way.
+  if (maxDate_ >= calendar_->MinDate()) {
+    calendar_->SetMaxDate(maxDate_);
+    calendar_->SetMinDate(minDate_);
+  } else {
+    calendar_->SetMinDate(minDate_);
+    calendar_->SetMaxDate(maxDate_);
+  }
   const Rect window = Platform::Current().GetWindowRect(hWnd());
   calendar_->DropDown(window.left, window.bottom, window.bottom - window.top, calendarAnimation_);
 }
@@ -46,11 +41,13 @@ void DatePicker::DroppedDown() {
 }
 
 // A press on the picker's own drop-down button keeps the calendar up here: the button's action
-// then closes it, asking nobody, instead of dropping it down again.
+// then closes it, asking nobody, instead of dropping it down again. A locked or disabled
+// picker's button does nothing, so the press closes the calendar as any other would.
 void DatePicker::BeforeCloseUp(bool& Cancel) {
   Platform& platform = Platform::Current();
   const Point mouse = platform.ScreenToClient(hWnd(), platform.GetCursorPos());
-  if (const CFrame* button = ButtonAt(mouse.x, mouse.y); button && button->Name == "DropDown") {
+  const CFrame* button = ButtonAt(mouse.x, mouse.y);
+  if (button && button->Name == "DropDown" && !locked_ && Enabled()) {
     Cancel = true;
     return;
   }
