@@ -72,7 +72,13 @@ uint32_t Mix(uint32_t from, uint32_t to, double progress) {
 } // namespace
 
 bool X11Platform::AnimateWindow(HWND hwnd, uint32_t milliseconds, uint32_t flags) {
-  Sync(); // the window stands in its place, not yet shown
+  // The window stands in its place, not yet shown, over windows that repainted what the
+  // server uncovered: that is what a blend starts from.
+  XSync(display_, False);
+  for (XEvent exposed; XCheckTypedEvent(display_, Expose, &exposed);) {
+    HandleEvent(exposed);
+  }
+  Sync();
   Mirror* mirror = FindMirror(hwnd);
   bool wasShown = mirror && mirror->mapped;
   if (!MemoryPlatform::AnimateWindow(hwnd, milliseconds, flags)) {
