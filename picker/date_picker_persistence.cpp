@@ -123,6 +123,7 @@ void DatePicker::InitProperties() {
 // Every key is read, even after a refused one (a limit crossing the other, a value outside
 // them, a wrong type); the first refusal is raised once the control is laid out.
 void DatePicker::ReadProperties(PropertyBag& bag) {
+  empty_ = true; // so that the empty default keeps this LastDate
   lastDate_ = Platform::Current().Now();
   // The widest limits, so that a stored limit is checked against the other stored one only.
   minDate_ = CDate(MinDateText);
