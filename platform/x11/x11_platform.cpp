@@ -108,7 +108,9 @@ void X11Platform::AdvanceClock() {
   Advance(static_cast<uint32_t>(elapsed.count()));
 }
 
+// The clock moves before the events too, so that their handlers time from the present.
 void X11Platform::ProcessPendingEvents() {
+  AdvanceClock();
   XSync(display_, False);
   while (XPending(display_) > 0) {
     XEvent event;
