@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds the library and renders the gallery of button faces and borders to a PNG.
+# Builds the library and renders the gallery: button faces and borders, calendars, pickers.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
