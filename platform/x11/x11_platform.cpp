@@ -4,8 +4,10 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <ctime>
+#include <limits>
 #include <poll.h>
 #include <stdexcept>
 
@@ -145,7 +147,8 @@ bool X11Platform::RunUntil(const std::function<bool()>& done, uint32_t milliseco
     if (left <= 0) {
       return false;
     }
-    WaitForEvents(static_cast<int>(TimerCount() > 0 ? std::min<long>(left, 10) : left));
+    long longest = TimerCount() > 0 ? 10 : std::numeric_limits<int>::max();
+    WaitForEvents(static_cast<int>(std::min<long>(left, longest)));
   }
 }
 

@@ -25,9 +25,10 @@ namespace tarnbrook {
 // - A top-level window with a caption is a managed X window (the window manager draws the
 //   title); any other top-level window, such as a control re-parented to the desktop, is an
 //   override-redirect pop-up on the root window.
-// - X follows the simulator when messages are pumped, on UpdateWindow, AnimateWindow and
-//   SetFocus, and at the end of ProcessPendingEvents; a window's canvas goes on screen
-//   after it was handed out by GetDC (a paint), and again on Expose.
+// - X follows the simulator at once when a window is created or destroyed, restacked,
+//   updated, animated or focused, else when messages are pumped (after every input and in
+//   ProcessPendingEvents). A window's canvas goes on screen after it was handed out by
+//   GetDC (a paint), and again on Expose.
 // - The virtual clock follows the monotonic clock while events are processed, so timers
 //   fire in real time; Now() starts at the local wall clock.
 // - Closing a form through the window manager sends it WM_CLOSE and hides it; its owner

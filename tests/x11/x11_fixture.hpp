@@ -2,15 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdio>
 #include <cstdlib>
-#include <fcntl.h>
 #include <initializer_list>
 #include <memory>
-#include <poll.h>
 #include <signal.h>
 #include <string>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <vector>
 
 #include "platform/x11/x11_platform.hpp"
@@ -20,68 +17,38 @@
 
 namespace tarnbrook {
 
-// One Xvfb for the whole program, on a display number it finds free itself (-displayfd),
-// stopped when the program ends.
+// One Xvfb for the whole program, on a display number it finds free itself, stopped when
+// the program ends. The shell prints its id and becomes the server, which prints its
+// number once it accepts connections; no reset, as each test connects afresh.
 class Xvfb {
 public:
   static Xvfb& Shared() {
     static Xvfb server;
     return server;
   }
-  bool Running() const { return pid_ > 0; }
+  bool Running() const { return !name_.empty(); }
   const std::string& Name() const { return name_; }
-
   ~Xvfb() {
     if (pid_ > 0) {
       kill(pid_, SIGTERM);
-      waitpid(pid_, nullptr, 0);
+    }
+    if (output_) {
+      pclose(output_);
     }
   }
 
 private:
-  Xvfb() {
-    int ready[2];
-    if (pipe(ready) != 0) {
-      return;
+  Xvfb()
+      : output_(popen("echo $$; exec Xvfb -displayfd 1 -screen 0 1024x768x24 -nolisten tcp "
+                      "-noreset 2>/dev/null",
+                      "r")) {
+    int number = -1;
+    if (output_ && fscanf(output_, "%d %d", &pid_, &number) == 2) {
+      name_ = ":" + std::to_string(number);
     }
-    pid_ = fork();
-    if (pid_ == 0) {
-      close(ready[0]);
-      int quiet = open("/dev/null", O_WRONLY);
-      dup2(quiet, STDOUT_FILENO);
-      dup2(quiet, STDERR_FILENO);
-      std::string fd = std::to_string(ready[1]);
-      // No reset when the last client leaves: each test connects afresh.
-      execlp("Xvfb", "Xvfb", "-displayfd", fd.c_str(), "-screen", "0", "1024x768x24", "-nolisten",
-             "tcp", "-noreset", static_cast<char*>(nullptr));
-      _exit(127);
-    }
-    close(ready[1]);
-    // The server writes its display number once it accepts connections.
-    pollfd wait{ready[0], POLLIN, 0};
-    char number[16] = {};
-    if (pid_ > 0 && poll(&wait, 1, 10000) == 1 && read(ready[0], number, sizeof number - 1) > 0 &&
-        Accepts(":" + std::to_string(std::atoi(number)))) {
-      name_ = ":" + std::to_string(std::atoi(number));
-    } else if (pid_ > 0) {
-      kill(pid_, SIGTERM);
-      waitpid(pid_, nullptr, 0);
-      pid_ = 0;
-    }
-    close(ready[0]);
   }
 
-  static bool Accepts(const std::string& name) {
-    for (int attempt = 0; attempt < 100; ++attempt) {
-      if (Display* display = XOpenDisplay(name.c_str())) {
-        XCloseDisplay(display);
-        return true;
-      }
-      usleep(20000);
-    }
-    return false;
-  }
-
+  FILE* output_;
   pid_t pid_ = 0;
   std::string name_;
 };
@@ -104,11 +71,19 @@ inline LRESULT RecordingProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) 
 inline LRESULT PaintingProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
   Platform& platform = Platform::Current();
   if (msg == WM_PAINT) {
-    HDC hdc = platform.GetDC(hwnd);
-    Canvas::FromHandle(hdc)->FillRect(platform.GetClientRect(hwnd),
-                                      static_cast<COLORREF>(platform.GetProp(hwnd, "Color")));
+    Canvas::FromHandle(platform.GetDC(hwnd))
+        ->FillRect(platform.GetClientRect(hwnd),
+                   static_cast<COLORREF>(platform.GetProp(hwnd, "Color")));
   }
   return RecordingProc(hwnd, msg, wParam, lParam);
+}
+
+// 0x00RRGGBB as the screen shows it.
+inline unsigned long PixelOn(Display* display, int x, int y) {
+  XImage* image = XGetImage(display, DefaultRootWindow(display), x, y, 1, 1, AllPlanes, ZPixmap);
+  unsigned long pixel = XGetPixel(image, 0, 0) & 0xFFFFFF;
+  XDestroyImage(image);
+  return pixel;
 }
 
 // The X side of a window as the server has it.
@@ -117,6 +92,7 @@ struct XGeometry {
   Window parent = 0;
   bool viewable = false;
   bool overrideRedirect = false;
+  bool operator==(const XGeometry&) const = default;
 };
 
 class X11Test : public ::testing::Test {
@@ -134,9 +110,7 @@ protected:
     received.clear();
   }
   void TearDown() override {
-    if (platform) {
-      EXPECT_EQ(X11Platform::XErrorCount(), errorsBefore) << "X protocol errors";
-    }
+    EXPECT_EQ(X11Platform::XErrorCount(), errorsBefore) << "X protocol errors";
   }
 
   HWND NewWindow(int32_t x, int32_t y, int32_t width, int32_t height, HWND parent = 0,
@@ -167,50 +141,31 @@ protected:
     return geometry;
   }
 
-  std::vector<Window> XChildren(Window parent) {
-    Window rootReturn = 0, parentReturn = 0, *children = nullptr;
-    unsigned int count = 0;
-    XQueryTree(display, parent, &rootReturn, &parentReturn, &children, &count);
-    std::vector<Window> list(children, children + count);
-    XFree(children);
-    return list;
-  }
-
-  // 0x00RRGGBB as the screen shows it.
-  unsigned long PixelAt(int x, int y) {
-    XImage* image = XGetImage(display, root, x, y, 1, 1, AllPlanes, ZPixmap);
-    unsigned long pixel = XGetPixel(image, 0, 0) & 0xFFFFFF;
-    XDestroyImage(image);
-    return pixel;
-  }
+  unsigned long PixelAt(int x, int y) { return PixelOn(display, x, y); }
 
   void Xdotool(const std::string& arguments) {
     ASSERT_EQ(std::system(("xdotool " + arguments).c_str()), 0) << "xdotool " << arguments;
   }
   bool WaitFor(const std::function<bool()>& done) { return platform->RunUntil(done, 3000); }
-  bool WaitForMessage(UINT msg) {
-    return WaitFor([msg] {
-      for (const Received& r : received) {
-        if (r.msg == msg) {
-          return true;
-        }
-      }
-      return false;
-    });
-  }
-
-  // The received messages among `kinds`, in order, forgetting all seen so far.
-  std::vector<UINT> Take(std::initializer_list<UINT> kinds) {
-    std::vector<UINT> taken;
+  // The messages among `kinds` that `hwnd` received, in order.
+  static std::vector<UINT> MessagesOf(HWND hwnd, std::initializer_list<UINT> kinds) {
+    std::vector<UINT> found;
     for (const Received& r : received) {
-      for (UINT kind : kinds) {
-        if (r.msg == kind) {
-          taken.push_back(r.msg);
-        }
+      if (r.hwnd == hwnd && std::find(kinds.begin(), kinds.end(), r.msg) != kinds.end()) {
+        found.push_back(r.msg);
       }
     }
-    received.clear();
-    return taken;
+    return found;
+  }
+
+  static std::vector<WPARAM> ParamsOf(HWND hwnd, UINT msg) {
+    std::vector<WPARAM> found;
+    for (const Received& r : received) {
+      if (r.hwnd == hwnd && r.msg == msg) {
+        found.push_back(r.wParam);
+      }
+    }
+    return found;
   }
 
   std::unique_ptr<X11Platform> platform;
