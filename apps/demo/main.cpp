@@ -1,0 +1,174 @@
+// The demo: a form with a month calendar, a short-date picker with its drop-down calendar and
+// a picker in a custom date-and-time format with up/down buttons, on a real X display, with
+// every event of every control in a list on the form and on standard output.
+//
+//   demo [--form FILE] [--tour] [--screenshot-dir DIR] [--today YYYY-MM-DD]
+//
+// --form loads FILE at the start when it exists and saves the form to it on exit; --tour runs
+// a short scripted tour with xdotool, writes screenshots (default out/) and exits; --today
+// sets the date the controls take for today (at noon), for pictures that stay the same.
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "apps/demo/caption_label.hpp"
+#include "apps/demo/demo_layout.hpp"
+#include "apps/demo/event_list.hpp"
+#include "apps/demo/event_log.hpp"
+#include "apps/demo/tour.hpp"
+#include "common/control_error.hpp"
+#include "common/date_runtime.hpp"
+#include "host/container.hpp"
+#include "host/control_registry.hpp"
+#include "platform/x11/x11_platform.hpp"
+
+using namespace tarnbrook;
+namespace layout = tarnbrook::demo_layout;
+
+namespace {
+
+struct Options {
+  std::string formFile;
+  std::string screenshotDir = "out";
+  bool tour = false;
+  std::optional<DateValue> today;
+};
+
+const char* const Usage =
+    "usage: demo [--form FILE] [--tour] [--screenshot-dir DIR] [--today YYYY-MM-DD]\n";
+
+std::optional<Options> ParseOptions(int argc, char** argv) {
+  Options options;
+  for (int i = 1; i < argc; ++i) {
+    std::string option = argv[i];
+    const char* value = i + 1 < argc ? argv[i + 1] : nullptr;
+    int year = 0, month = 0, day = 0;
+    if (option == "--tour") {
+      options.tour = true;
+    } else if (option == "--form" && value) {
+      options.formFile = argv[++i];
+    } else if (option == "--screenshot-dir" && value) {
+      options.screenshotDir = argv[++i];
+    } else if (option == "--today" && value &&
+               std::sscanf(value, "%d-%d-%d", &year, &month, &day) == 3) {
+      options.today = DateSerial(year, month, day);
+      ++i;
+    } else {
+      return std::nullopt;
+    }
+  }
+  return options;
+}
+
+void RegisterClasses() {
+  RegisterControlClass<MonthCalendar>("MonthCalendar");
+  RegisterControlClass<DatePicker>("DatePicker");
+  RegisterControlClass<EventList>("EventList");
+  RegisterControlClass<CaptionLabel>("CaptionLabel");
+}
+
+template <class T> T& Add(Container& form, const std::string& name, const Rect& r) {
+  return static_cast<T&>(
+      form.Add(std::make_unique<T>(form.hWnd()), name, r.left, r.top, r.Width(), r.Height()));
+}
+
+void AddLabel(Container& form, const std::string& name, const Rect& control,
+              const std::string& caption) {
+  Add<CaptionLabel>(form, name, {control.left, control.top - 18, control.right, control.top - 2})
+      .SetCaption(caption);
+}
+
+void BuildForm(Container& form, X11Platform& platform) {
+  AddLabel(form, "label1", layout::Calendar1, "calendar1: MonthCalendar");
+  Add<MonthCalendar>(form, "calendar1", layout::Calendar1);
+
+  AddLabel(form, "label2", layout::Picker1, "picker1: short date");
+  Add<DatePicker>(form, "picker1", layout::Picker1).SetValue(Variant::Date(platform.Today()));
+
+  AddLabel(form, "label3", layout::Picker2, "picker2: custom format, up/down");
+  auto& custom = Add<DatePicker>(form, "picker2", layout::Picker2);
+  custom.SetFormat(dtpCustom);
+  custom.SetCustomFormat(layout::CustomFormat);
+  custom.SetButton(dtpUpDown);
+  custom.SetValue(Variant::Date(platform.Now()));
+
+  AddLabel(form, "label4", layout::Log1, "Events (also on standard output)");
+  Add<EventList>(form, "log1", layout::Log1);
+  form.ClearChangedKeys();
+}
+
+// Every calendar and picker on the form reports to the log; the first list shows it.
+class Logging {
+public:
+  Logging(Container& form) {
+    for (size_t i = 0; i < form.Count(); ++i) {
+      Control& control = form.Item(i);
+      if (auto* calendar = dynamic_cast<MonthCalendar*>(&control)) {
+        calendars_.push_back(std::make_unique<CalendarEventLogger>(form.Name(i), log_));
+        calendar->Connect(calendars_.back().get());
+      } else if (auto* picker = dynamic_cast<DatePicker*>(&control)) {
+        pickers_.push_back(std::make_unique<PickerEventLogger>(form.Name(i), log_));
+        picker->Connect(pickers_.back().get());
+      } else if (auto* list = dynamic_cast<EventList*>(&control); list && !listed_) {
+        listed_ = true;
+        log_.SetListener([list](const std::string& line) { list->AddLine(line); });
+      }
+    }
+  }
+
+private:
+  EventLog log_;
+  std::vector<std::unique_ptr<CalendarEventLogger>> calendars_;
+  std::vector<std::unique_ptr<PickerEventLogger>> pickers_;
+  bool listed_ = false;
+};
+
+int RunDemo(const Options& options) {
+  X11Platform platform;
+  if (options.today)
+    platform.SetNow(*options.today + 0.5);
+  RegisterClasses();
+
+  Container form(layout::FormWidth, layout::FormHeight + MemoryPlatform::CaptionHeight,
+                 layout::FormCaption);
+  platform.MoveWindow(form.hWnd(), layout::FormLeft, layout::FormTop, layout::FormWidth,
+                      layout::FormHeight + MemoryPlatform::CaptionHeight, true);
+  if (!options.formFile.empty() && std::filesystem::exists(options.formFile))
+    form.LoadFromFile(options.formFile);
+  else
+    BuildForm(form, platform);
+  Logging logging(form);
+
+  if (options.tour) {
+    for (const std::string& path : RunTour(platform, form, options.screenshotDir))
+      std::printf("screenshot %s\n", path.c_str());
+  } else {
+    platform.Run();
+  }
+  if (!options.formFile.empty())
+    form.SaveToFile(options.formFile);
+  return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  std::optional<Options> options = ParseOptions(argc, argv);
+  if (!options) {
+    std::fputs(Usage, stderr);
+    return 2;
+  }
+  try {
+    return RunDemo(*options);
+  } catch (const ControlError& error) {
+    std::fprintf(stderr, "demo: %s\n", error.Description().c_str());
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "demo: %s\n", error.what());
+  }
+  return 1;
+}
