@@ -1,5 +1,7 @@
 #include "apps/demo/event_list.hpp"
 
+#include <algorithm>
+
 #include "draw/border_style.hpp"
 
 namespace tarnbrook {

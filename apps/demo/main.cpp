@@ -8,7 +8,6 @@
 // a short scripted tour with xdotool, writes screenshots (default out/) and exits; --today
 // sets the date the controls take for today (at noon), for pictures that stay the same.
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -105,7 +104,7 @@ void BuildForm(Container& form, X11Platform& platform) {
 // Every calendar and picker on the form reports to the log; the first list shows it.
 class Logging {
 public:
-  Logging(Container& form) {
+  explicit Logging(Container& form) {
     for (size_t i = 0; i < form.Count(); ++i) {
       Control& control = form.Item(i);
       if (auto* calendar = dynamic_cast<MonthCalendar*>(&control)) {

@@ -5,7 +5,6 @@
 
 #include <filesystem>
 #include <functional>
-#include <set>
 #include <thread>
 
 #include "apps/demo/demo_layout.hpp"
@@ -15,6 +14,7 @@ namespace tarnbrook {
 
 namespace layout = demo_layout;
 using Lines = std::vector<std::string>;
+constexpr unsigned long ButtonFace = 0xC0C0C0, White = 0xFFFFFF, Navy = 0x000080;
 
 // The demo as a person meets it: its own process on the test's Xvfb, driven by xdotool,
 // its event log read from its standard output, its pixels read from the server.
@@ -25,19 +25,23 @@ protected:
     if (!server.Running())
       GTEST_SKIP() << "Xvfb could not start (is the xvfb package installed?)";
     setenv("DISPLAY", server.Name().c_str(), 1); // for the demo and xdotool
-    display = XOpenDisplay(server.Name().c_str());
-    ASSERT_NE(display, nullptr);
-    // One file per test, as CTest may run them side by side.
-    const std::filesystem::path folder = std::filesystem::path(TARNBROOK_TEST_OUTPUT) / "demo";
-    std::filesystem::create_directories(folder);
-    formFile = (folder / ::testing::UnitTest::GetInstance()->current_test_info()->name())
-                   .replace_extension(".json")
-                   .string();
+    ASSERT_NE(display = XOpenDisplay(server.Name().c_str()), nullptr);
+    // One form file per test, as CTest may run them side by side.
+    std::filesystem::create_directories(TARNBROOK_TEST_OUTPUT);
+    formFile = std::string(TARNBROOK_TEST_OUTPUT) + "/demo-" +
+               ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".json";
     std::filesystem::remove(formFile);
-    Start();
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    if ((pid = fork()) == 0) {
+      dup2(ends[1], STDOUT_FILENO);
+      execl(TARNBROOK_DEMO, "demo", "--today", "2026-11-21", "--form", formFile.c_str(), nullptr);
+      _exit(127);
+    }
+    close(ends[1]);
+    fcntl(output = ends[0], F_SETFL, O_NONBLOCK);
     ASSERT_TRUE(WaitUntil([&] { return FindForm(); })) << "no demo window";
-    ASSERT_TRUE(WaitUntil([&] { return PixelIn(layout::Picker1, 60, 10) == 0xFFFFFF; }))
-        << "picker1 not painted";
+    ASSERT_TRUE(WaitUntil([&] { return Pixel(In(layout::Picker1, 60, 10)) == White; }));
   }
   void TearDown() override {
     Stop();
@@ -45,37 +49,19 @@ protected:
       XCloseDisplay(display);
   }
 
-  void Start() {
-    int pipeEnds[2];
-    ASSERT_EQ(pipe(pipeEnds), 0);
-    pid = fork();
-    if (pid == 0) {
-      dup2(pipeEnds[1], STDOUT_FILENO);
-      execl(TARNBROOK_DEMO, "demo", "--today", "2026-11-21", "--form", formFile.c_str(), nullptr);
-      _exit(127);
-    }
-    close(pipeEnds[1]);
-    output = pipeEnds[0];
-    fcntl(output, F_SETFL, O_NONBLOCK);
-  }
-
   // Closes the form as the window manager's close box does; the demo should exit with 0.
   void Stop() {
     if (pid <= 0)
       return;
-    XEvent closing{};
-    closing.xclient.type = ClientMessage;
-    closing.xclient.window = form;
-    closing.xclient.message_type = XInternAtom(display, "WM_PROTOCOLS", False);
-    closing.xclient.format = 32;
-    closing.xclient.data.l[0] = static_cast<long>(XInternAtom(display, "WM_DELETE_WINDOW", False));
+    Atom protocols = XInternAtom(display, "WM_PROTOCOLS", False);
+    XEvent closing{.xclient = {ClientMessage, 0, True, display, form, protocols, 32, {}}};
+    closing.xclient.data.l[0] = long(XInternAtom(display, "WM_DELETE_WINDOW", False));
     XSendEvent(display, form, False, 0, &closing);
     XFlush(display);
     int status = -1;
     if (!WaitUntil([&] { return waitpid(pid, &status, WNOHANG) == pid; })) {
       kill(pid, SIGKILL);
       waitpid(pid, &status, 0);
-      ADD_FAILURE() << "the demo did not close";
     }
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "status " << status;
     close(output);
@@ -84,67 +70,46 @@ protected:
 
   static bool WaitUntil(const std::function<bool()>& done) {
     auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-    while (!done()) {
-      if (std::chrono::steady_clock::now() > deadline)
-        return false;
+    while (!done() && std::chrono::steady_clock::now() < deadline)
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    return true;
+    return done();
   }
 
-  // The demo's form: a top-level window with its caption, mapped, holding its controls.
+  // The demo's form, found by xdotool as a shown window with its caption.
   bool FindForm() {
-    Window rootReturn, parent, *children = nullptr;
-    unsigned int count = 0;
-    XQueryTree(display, DefaultRootWindow(display), &rootReturn, &parent, &children, &count);
-    for (unsigned int i = 0; i < count && !form; ++i) {
-      char* name = nullptr;
-      XWindowAttributes attributes{};
-      if (XFetchName(display, children[i], &name) && std::string(name) == layout::FormCaption &&
-          XGetWindowAttributes(display, children[i], &attributes) &&
-          attributes.map_state == IsViewable)
-        form = children[i];
-      XFree(name);
-    }
-    XFree(children);
+    FILE* search = popen("xdotool search --onlyvisible --name '^Tarnbrook demo$'", "r");
+    bool found = std::fscanf(search, "%lu", &form) == 1;
+    pclose(search);
     Window child;
-    return form && XTranslateCoordinates(display, form, DefaultRootWindow(display), 0, 0, &origin.x,
-                                         &origin.y, &child);
+    return found && XTranslateCoordinates(display, form, DefaultRootWindow(display), 0, 0,
+                                          &origin.x, &origin.y, &child);
   }
 
-  // Screen points of the form's client coordinates, of a control's, and of the calendar
-  // dropped down under picker1.
-  Point OnScreen(const Rect& control, int32_t x, int32_t y) const {
+  // Screen points of a control's client coordinates, and of the calendar under picker1.
+  Point In(const Rect& control, int32_t x, int32_t y) const {
     return {origin.x + control.left + x, origin.y + control.top + y};
   }
   Point OnCalendar(int32_t x, int32_t y) const {
-    return OnScreen(layout::Picker1, x, layout::Picker1.Height() + y);
+    return In(layout::Picker1, x, layout::Picker1.Height() + y);
   }
-  unsigned long PixelIn(const Rect& control, int32_t x, int32_t y) {
-    Point p = OnScreen(control, x, y);
-    return PixelOn(display, p.x, p.y);
-  }
-  unsigned long CalendarPixel(int32_t x, int32_t y) {
-    Point p = OnCalendar(x, y);
-    return PixelOn(display, p.x, p.y);
-  }
-  // The columns of a part of a control whose pixels differ between now and `before`.
+  unsigned long Pixel(Point p) { return PixelOn(display, p.x, p.y); }
+
+  // A part of the screen now, and the first and last columns in which it changed since.
   struct ImageFree {
     void operator()(XImage* image) const { XDestroyImage(image); }
   };
   using Grabbed = std::unique_ptr<XImage, ImageFree>;
-  Grabbed Grab(const Rect& control, const Rect& part) {
-    Point p = OnScreen(control, part.left, part.top);
-    return Grabbed(XGetImage(display, DefaultRootWindow(display), p.x, p.y, part.Width(),
-                             part.Height(), AllPlanes, ZPixmap));
+  Grabbed Grab(Point at, int32_t width, int32_t height) {
+    return Grabbed(XGetImage(display, DefaultRootWindow(display), at.x, at.y, width, height,
+                             AllPlanes, ZPixmap));
   }
-  std::set<int32_t> ChangedColumns(const Grabbed& before, const Rect& control, const Rect& part) {
-    Grabbed after = Grab(control, part);
-    std::set<int32_t> columns;
-    for (int32_t y = 0; y < part.Height(); ++y)
-      for (int32_t x = 0; x < part.Width(); ++x)
+  std::pair<int32_t, int32_t> ChangedColumns(const Grabbed& before, Point at) {
+    Grabbed after = Grab(at, before->width, before->height);
+    std::pair<int32_t, int32_t> columns{before->width, -1};
+    for (int32_t y = 0; y < before->height; ++y)
+      for (int32_t x = 0; x < before->width; ++x)
         if (XGetPixel(before.get(), x, y) != XGetPixel(after.get(), x, y))
-          columns.insert(part.left + x);
+          columns = {std::min(columns.first, x), std::max(columns.second, x)};
     return columns;
   }
 
@@ -166,17 +131,13 @@ protected:
       return std::find(lines.begin(), lines.end(), line) != lines.end();
     });
   }
-  // The lines so far of one control, without those starting with the given words; the
-  // log starts afresh.
-  Lines Take(const std::string& control, std::initializer_list<const char*> without = {}) {
+  // The lines so far of one control, without those of events starting with `without`;
+  // the log starts afresh.
+  Lines Take(const std::string& control, const std::string& without) {
     Lines taken;
-    for (const std::string& line : std::exchange(lines, {})) {
-      bool skipped = line.rfind(control + " ", 0) != 0;
-      for (const char* word : without)
-        skipped |= line.rfind(control + " " + word, 0) == 0;
-      if (!skipped)
+    for (const std::string& line : std::exchange(lines, {}))
+      if (line.rfind(control + " ", 0) == 0 && line.rfind(control + " " + without, 0) != 0)
         taken.push_back(line.substr(control.size() + 1));
-    }
     return taken;
   }
 
