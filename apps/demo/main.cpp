@@ -9,6 +9,7 @@
 // sets the date the controls take for today (at noon), for pictures that stay the same.
 #include <cstdio>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -101,29 +102,39 @@ void BuildForm(Container& form, X11Platform& platform) {
   form.ClearChangedKeys();
 }
 
-// Every calendar and picker on the form reports to the log; the first list shows it.
+// Every calendar and picker on the form reports to the log; the first list shows it. The
+// controls outlive the logging, so it disconnects them when it goes.
 class Logging {
 public:
   explicit Logging(Container& form) {
     for (size_t i = 0; i < form.Count(); ++i) {
       Control& control = form.Item(i);
       if (auto* calendar = dynamic_cast<MonthCalendar*>(&control)) {
-        calendars_.push_back(std::make_unique<CalendarEventLogger>(form.Name(i), log_));
-        calendar->Connect(calendars_.back().get());
+        auto* sink = calendars_.emplace_back(new CalendarEventLogger(form.Name(i), log_)).get();
+        calendar->Connect(sink);
+        disconnections_.push_back([calendar, sink] { calendar->Disconnect(sink); });
       } else if (auto* picker = dynamic_cast<DatePicker*>(&control)) {
-        pickers_.push_back(std::make_unique<PickerEventLogger>(form.Name(i), log_));
-        picker->Connect(pickers_.back().get());
+        auto* sink = pickers_.emplace_back(new PickerEventLogger(form.Name(i), log_)).get();
+        picker->Connect(sink);
+        disconnections_.push_back([picker, sink] { picker->Disconnect(sink); });
       } else if (auto* list = dynamic_cast<EventList*>(&control); list && !listed_) {
         listed_ = true;
         log_.SetListener([list](const std::string& line) { list->AddLine(line); });
       }
     }
   }
+  ~Logging() {
+    for (auto& disconnect : disconnections_)
+      disconnect();
+  }
+  Logging(const Logging&) = delete;
+  Logging& operator=(const Logging&) = delete;
 
 private:
   EventLog log_;
   std::vector<std::unique_ptr<CalendarEventLogger>> calendars_;
   std::vector<std::unique_ptr<PickerEventLogger>> pickers_;
+  std::vector<std::function<void()>> disconnections_;
   bool listed_ = false;
 };
 
