@@ -1,6 +1,7 @@
 #include "calendar/month_calendar.hpp"
 
 #include "calendar/month_calendar_defaults.hpp"
+#include "calendar/month_calendar_layout.hpp"
 #include "common/control_error.hpp"
 #include "common/conversions.hpp"
 #include "common/date_runtime.hpp"
@@ -8,25 +9,9 @@
 #include "platform/platform.hpp"
 
 namespace tarnbrook {
-namespace {
 
 using namespace month_calendar_defaults;
-
-// Grid geometry for the hit test.
-constexpr int32_t GridLeft = 4;
-constexpr int32_t GridTop = 52;
-constexpr int32_t CellWidth = 28;
-constexpr int32_t CellHeight = 16;
-constexpr int32_t GridCells = 42;
-
-// The month list's place, under the month's name.
-constexpr int32_t MonthListLeft = 24;
-constexpr int32_t MonthListTop = 5;
-constexpr int32_t MonthListWidth = 80;
-
-constexpr int32_t StateInactive = 0x100; // greyed arrow buttons of a disabled calendar
-
-} // namespace
+namespace layout = month_calendar_layout;
 
 MonthCalendar::MonthCalendar(HWND parent) : Control(parent) {
   Move(0, 0, FixedWidth, FixedHeight); // the buttons draw into the surface of this size
@@ -36,7 +21,8 @@ MonthCalendar::MonthCalendar(HWND parent) : Control(parent) {
   // The month list lies hidden under the month's name; a click there opens its list.
   cboMonth_ = std::make_unique<ComboBox>(hWnd());
   cboMonth_->SetVisible(false);
-  cboMonth_->Move(MonthListLeft, MonthListTop, MonthListWidth, cboMonth_->FieldHeight());
+  const Rect& name = layout::MonthNameRect;
+  cboMonth_->Move(name.left, name.top, name.Width(), cboMonth_->FieldHeight());
   for (int month = 1; month <= 12; ++month)
     cboMonth_->AddItem(CurrentLocale().MonthName(month));
   cboMonth_->Connect(this);
@@ -240,9 +226,9 @@ void MonthCalendar::SetEnabled(bool enabled) {
   for (const char* name : {"Left", "Right"}) {
     if (auto it = buttons_.find(name); it != buttons_.end()) {
       if (enabled)
-        it->second.RemoveState(StateInactive);
+        it->second.RemoveState(DFCS_INACTIVE);
       else
-        it->second.AddState(StateInactive);
+        it->second.AddState(DFCS_INACTIVE);
     }
   }
   Paint();
@@ -342,7 +328,7 @@ void MonthCalendar::ClickDay(DateValue date) {
 void MonthCalendar::ComputeGrid() {
   DateValue first = DateSerial(DisplayedYear(), cboMonth_->ListIndex() + 1, 1);
   gridStart_ = first - Weekday(first, firstDayofWeek_) + 1;
-  if (gridStart_ > LastDate() - GridCells) {
+  if (gridStart_ > LastDate() - layout::Cells) {
     // The grid would run past the last day: show the month before, while the list's index
     // becomes that month's number, not its index.
     first = DateAdd("m", -1, first);
@@ -352,7 +338,8 @@ void MonthCalendar::ComputeGrid() {
 }
 
 DateValue MonthCalendar::DayAt(int32_t x, int32_t y) const {
-  const int32_t index = (x - GridLeft) / CellWidth + ((y - GridTop) / CellHeight) * 7;
+  const int32_t index = (x - layout::GridRect.left) / layout::CellWidth +
+                        ((y - layout::GridRect.top) / layout::CellHeight) * layout::Columns;
   return gridStart_ + index;
 }
 
