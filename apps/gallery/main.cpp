@@ -2,8 +2,6 @@
 // MonthCalendar in its looks (today, colours, a background picture, button styles, disabled,
 // a pressed button); and the DatePicker in its formats, buttons, borders and states, one with
 // its calendar dropped down.
-#include <chrono>
-#include <ctime>
 #include <filesystem>
 #include <iostream>
 #include <memory>
@@ -20,6 +18,7 @@
 #include "host/container.hpp"
 #include "picker/date_picker.hpp"
 #include "platform/memory/memory_platform.hpp"
+#include "platform/system_clock.hpp"
 
 using namespace tarnbrook;
 
@@ -213,20 +212,11 @@ const Look Looks[] = {
      }},
 };
 
-// The wall clock of this machine, so that the picture shows today's month.
-DateValue LocalNow() {
-  std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  return DateSerial(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday) +
-         TimeSerial(local.tm_hour, local.tm_min, local.tm_sec);
-}
-
 void WritePicture(const std::string& path) {
   constexpr int32_t Count = static_cast<int32_t>(std::size(Looks));
   constexpr int32_t Rows = (Count + Columns - 1) / Columns;
   MemoryPlatform platform;
-  platform.SetNow(LocalNow());
+  platform.SetNow(SystemNow());
   cMDC surface;
   surface.SetBackColor(vbButtonFace);
   surface.Resize(Margin + Columns * CellWidth, Margin + Rows * CellHeight);
@@ -327,7 +317,7 @@ constexpr int32_t Height =
 // window once set up, the dropped-down one from the screen with its calendar.
 void WritePicture(const std::string& path) {
   MemoryPlatform platform;
-  const DateValue now = calendars::LocalNow();
+  const DateValue now = SystemNow();
   platform.SetNow(now);
   Container form(Width, Height + MemoryPlatform::CaptionHeight);
   cMDC surface;

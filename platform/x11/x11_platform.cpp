@@ -5,11 +5,13 @@
 #include <X11/Xutil.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
-#include <ctime>
 #include <limits>
 #include <poll.h>
 #include <stdexcept>
+
+#include "platform/system_clock.hpp"
 
 namespace tarnbrook {
 
@@ -21,14 +23,6 @@ int xErrors = 0;
 int CountError(Display*, XErrorEvent*) {
   ++xErrors;
   return 0;
-}
-
-DateValue LocalNow() {
-  std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  return DateSerial(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday) +
-         TimeSerial(local.tm_hour, local.tm_min, local.tm_sec);
 }
 
 // Canvases hold 32-bit pixels 0xAARRGGBB; the screen must take them as they are.
@@ -80,7 +74,7 @@ X11Platform::X11Platform(const std::string& displayName) {
   XkbSetDetectableAutoRepeat(display_, True, nullptr);
 
   SetScreenSize(DisplayWidth(display_, screen), DisplayHeight(display_, screen));
-  SetNow(LocalNow());
+  SetNow(SystemNow());
   clockBase_ = std::chrono::steady_clock::now();
 }
 
