@@ -158,6 +158,7 @@ public:
   HWND CreateForeignWindow(int32_t x, int32_t y, int32_t width, int32_t height);
   std::vector<std::string> PropertyNames(HWND hwnd);
   Canvas* WindowCanvas(HWND hwnd);
+  std::vector<HWND> Children(HWND hwnd); // bottom of the z-order first
 
   // Test side: hooks.
   void FailNextHook(uint32_t errorCode) { failNextHook_ = errorCode; }

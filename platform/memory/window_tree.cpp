@@ -317,6 +317,11 @@ std::vector<std::string> MemoryPlatform::PropertyNames(HWND hwnd) {
   return names;
 }
 
+std::vector<HWND> MemoryPlatform::Children(HWND hwnd) {
+  MemoryWindow* window = Find(hwnd);
+  return window ? window->children : std::vector<HWND>{};
+}
+
 Canvas* MemoryPlatform::WindowCanvas(HWND hwnd) {
   MemoryWindow* window = Find(hwnd);
   return window && window->canvas ? window->canvas.get() : nullptr;
