@@ -4,6 +4,7 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <type_traits>
 
 #include "common/control_error.hpp"
 #include "common/font.hpp"
@@ -282,6 +283,32 @@ std::string SyntaxErrorMessage(const std::string& text, size_t byte, const std::
          ": " + SyntaxErrorReason(what);
 }
 
+// Builds the document as Json::parse does, but keeps where reading stopped for every error,
+// a number too large for a double included (the library raises that one without a place).
+class PlacedParser : public nlohmann::detail::json_sax_dom_parser<Json> {
+public:
+  explicit PlacedParser(Json& root) : json_sax_dom_parser(root, false) {}
+
+  template <class Exception>
+  bool parse_error(size_t byte, const std::string& token, const Exception& error) {
+    if constexpr (std::is_same_v<Exception, Json::out_of_range>) {
+      byte_ = byte + 1 - std::min(byte, token.size()); // the number's first character
+      what_ = "number too large";
+    } else {
+      byte_ = byte;
+      what_ = error.what();
+    }
+    return false;
+  }
+
+  size_t Byte() const { return byte_; }
+  const std::string& What() const { return what_; }
+
+private:
+  size_t byte_ = 0;
+  std::string what_;
+};
+
 std::string FilePrefix(const std::string& fileName) {
   return "Form file '" + fileName + "': ";
 }
@@ -313,11 +340,11 @@ std::string WriteFormText(const std::vector<ControlRecord>& controls, const std:
 
 std::vector<ControlRecord> ReadFormText(const std::string& text, const std::string& fileName) {
   Json form;
-  try {
-    form = Json::parse(text);
-  } catch (const Json::parse_error& error) {
+  PlacedParser parser(form);
+  if (!Json::sax_parse(text, &parser)) {
     throw ControlError(errFormFileLoad, "Tarnbrook",
-                       FilePrefix(fileName) + SyntaxErrorMessage(text, error.byte, error.what()));
+                       FilePrefix(fileName) +
+                           SyntaxErrorMessage(text, parser.Byte(), parser.What()));
   }
   try {
     if (!form.is_object())

@@ -102,6 +102,8 @@ TEST_F(FormFileTest, BadFilesNameThePlaceAndLeaveTheFormAsItWas) {
       {"{\n  \"version\": 1,\n  \"controls\": [\n    {\"class\" \"ProbeControl\"}]}",
        "Form file 'form.json': syntax error at line 4, column 27: unexpected string literal"},
       {"", "Form file 'form.json': syntax error at line 1, column 1: unexpected end of input"},
+      {"{\"version\": 1e999}",
+       "Form file 'form.json': syntax error at line 1, column 13: number too large"},
       {R"({"version": 1, "controls": [{"class": "Unknown", "name": "A", "left": 0, "top": 0,
           "width": 5, "height": 5, "properties": {}}]})",
        "Form file 'form.json': control 'A' has the unknown class 'Unknown'"},
