@@ -1,5 +1,5 @@
 // A form file read into a form holding a calendar and a picker: a refused file raises
-// ControlError and leaves the form as it was.
+// ControlError and leaves the form as it was; a file taken saves and reads back the same.
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -13,6 +13,23 @@
 
 using namespace tarnbrook;
 
+namespace {
+
+// The form the files are read into, with its file as first made; made again after a file
+// is taken, since that replaces its controls.
+struct Form {
+  Container container;
+  std::string saved;
+  Form() {
+    container.Add(std::make_unique<MonthCalendar>(container.hWnd()), "MonthCalendar1", 8, 8, 204,
+                  180);
+    container.Add(std::make_unique<DatePicker>(container.hWnd()), "DatePicker1", 220, 8, 120, 21);
+    saved = container.SaveToText();
+  }
+};
+
+} // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static MemoryPlatform* platform = [] {
     auto* made = new MemoryPlatform;
@@ -21,16 +38,21 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     return made;
   }();
   (void)platform;
+  static auto form = std::make_unique<Form>();
 
-  Container form;
-  form.Add(std::make_unique<MonthCalendar>(form.hWnd()), "MonthCalendar1", 8, 8, 204, 180);
-  form.Add(std::make_unique<DatePicker>(form.hWnd()), "DatePicker1", 220, 8, 120, 21);
-  const std::string before = form.SaveToText();
   try {
-    form.LoadFromText(std::string(reinterpret_cast<const char*>(data), size));
+    form->container.LoadFromText(std::string(reinterpret_cast<const char*>(data), size));
   } catch (const ControlError&) {
-    if (form.SaveToText() != before)
+    if (form->container.SaveToText() != form->saved)
       std::abort(); // a refused file changed the form
+    return 0;
   }
+  // A form that was read saves, and what it saves reads back the same (no ControlError).
+  const std::string saved = form->container.SaveToText();
+  form = std::make_unique<Form>();
+  Container again;
+  again.LoadFromText(saved);
+  if (again.SaveToText() != saved)
+    std::abort();
   return 0;
 }
