@@ -28,6 +28,17 @@ struct DisplayText {
   int32_t mnemonicEnd = -1;
 };
 
+// Text from outside may not be UTF-8: its bad bytes show as the replacement character
+// instead of Pango refusing the whole text.
+std::string ValidUtf8(std::string_view text) {
+  if (g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr))
+    return std::string(text);
+  gchar* valid = g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()));
+  std::string result(valid);
+  g_free(valid);
+  return result;
+}
+
 DisplayText Display(std::string_view source, uint32_t flags) {
   DisplayText shown;
   bool prefixes = !(flags & DT_NOPREFIX);
@@ -162,7 +173,7 @@ const ShapedText& TextEngine::Shape(const FontSpec& font, std::string_view text,
 
 ShapedText TextEngine::Rasterise(const FontSpec& font, std::string_view text, uint32_t flags,
                                  int32_t wrapWidth) {
-  DisplayText shown = Display(text, flags);
+  DisplayText shown = Display(ValidUtf8(text), flags);
   SetFont(font);
   pango_layout_set_font_description(layout_, description_);
   pango_layout_set_text(layout_, shown.text.data(), static_cast<int>(shown.text.size()));
