@@ -4,12 +4,8 @@
 # the screenshots to out/. Arguments go to the demo, e.g. --form my-form.json.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-scripts/install-deps.sh
-
+scripts/build-release.sh demo
 build=build/release
-cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DTARNBROOK_TESTS=OFF \
-  -DTARNBROOK_BENCH=OFF >/dev/null
-cmake --build "$build" -j"$(nproc)" --target demo
 demo="$build/apps/demo"
 
 if [ -n "${DISPLAY:-}" ]; then
