@@ -4,5 +4,5 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/build-release.sh gallery
 build=build/release
-mkdir -p out
-"$build/apps/gallery" out/gallery.png
+
+"$build/apps/gallery" out
