@@ -34,9 +34,11 @@ Control::Control(HWND parent) {
   uint32_t style = parent ? WS_CHILD | WS_VISIBLE : WS_POPUP;
   hwnd_ = platform.CreateWindowEx(0, "", style, 0, 0, 0, 0, parent, WindowProc);
   platform.SetWindowLong(hwnd_, GWL_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  Enlist();
 }
 
 Control::~Control() {
+  Delist();
   Platform& platform = Platform::Current();
   if (!platform.IsWindow(hwnd_))
     return;
@@ -127,6 +129,11 @@ LRESULT Control::Route(UINT msg, WPARAM wParam, LPARAM lParam) {
   case WM_KEYDOWN:
   case WM_KEYUP: {
     auto keyCode = static_cast<int16_t>(wParam);
+    // Tab, typed or posted, moves the focus on the form; no control sees it as its key.
+    if (msg == WM_KEYDOWN && keyCode == VK_TAB && !(ShiftState(platform) & ~vbShiftMask)) {
+      MoveFocusByTab(!(ShiftState(platform) & vbShiftMask));
+      return 0;
+    }
     if (msg == WM_KEYDOWN)
       OnKeyDown(keyCode, ShiftState(platform));
     else
@@ -134,6 +141,8 @@ LRESULT Control::Route(UINT msg, WPARAM wParam, LPARAM lParam) {
     return 0;
   }
   case WM_CHAR: {
+    if (wParam == '\t')
+      return 0;
     auto keyAscii = static_cast<int16_t>(wParam);
     OnKeyPress(keyAscii);
     return 0;
@@ -160,6 +169,8 @@ LRESULT Control::Route(UINT msg, WPARAM wParam, LPARAM lParam) {
   case WM_TIMER:
     OnTimer(wParam);
     return 0;
+  case WM_MOUSEACTIVATE:
+    return MouseActivate();
   default:
     return WindowMessage(msg, wParam, lParam);
   }
@@ -182,8 +193,11 @@ void Control::MouseButton(UINT msg, WPARAM wParam, LPARAM lParam) {
     return;
   }
   // A press takes the focus and the mouse, so that a drag is followed outside the window.
-  if (platform.GetFocus() != hwnd_)
+  if (HWND focused = platform.GetFocus(); focused != hwnd_ && Focusable()) {
+    if (!MayTakeFocusFrom(focused))
+      return;
     platform.SetFocus(hwnd_);
+  }
   platform.SetCapture(hwnd_);
   if (msg == WM_LBUTTONDBLCLK)
     OnDblClick();

@@ -55,6 +55,17 @@ public:
   void Refresh();
   void SetFocus();
 
+  // Whether Tab and Shift+Tab stop here (default true). A composite whose constituents take
+  // the focus sets its own to false; they are reached where the composite stands.
+  bool TabStop() const { return tabStop_; }
+  void SetTabStop(bool tabStop) { tabStop_ = tabStop; }
+  // Whether the control losing the focus to this one validates first (default true).
+  bool CausesValidation() const { return causesValidation_; }
+  void SetCausesValidation(bool causes) { causesValidation_ = causes; }
+
+  // The control whose window `hwnd` is; null for any other window.
+  static Control* FromHandle(HWND hwnd);
+
 protected:
   // Handlers, in pixels of the client area; x and y as the control events carry them.
   virtual void OnMouseDown(int16_t /*button*/, int16_t /*shift*/, float /*x*/, float /*y*/) {}
@@ -69,6 +80,12 @@ protected:
   virtual void OnResize() {} // the surface already has the new size
   virtual void OnPaint() {}  // bring the surface up to date; it is then copied to the window
   virtual void OnTimer(uintptr_t /*id*/) {}
+  // The focus is about to leave for a control of the same form whose CausesValidation is
+  // true (by Tab, Shift+Tab or a press); setting `cancel` keeps it here.
+  virtual void OnValidate(bool& /*cancel*/) {}
+  // Whether the control takes the focus at all (a label does not): a press on it leaves the
+  // focus where it is, and Tab passes it over whatever its TabStop.
+  virtual bool Focusable() const { return true; }
 
   // Messages not routed above; the default handles nothing.
   virtual LRESULT WindowMessage(UINT msg, WPARAM wParam, LPARAM lParam);
@@ -87,8 +104,17 @@ private:
   LRESULT Route(UINT msg, WPARAM wParam, LPARAM lParam);
   void MouseButton(UINT msg, WPARAM wParam, LPARAM lParam);
   void CopySurfaceToWindow();
+  // Focus movement between the controls of a form (focus_movement.cpp).
+  void Enlist();
+  void Delist();
+  LRESULT MouseActivate();
+  bool MayTakeFocusFrom(HWND focused);
+  void MoveFocusByTab(bool forward);
 
   HWND hwnd_ = 0;
+  uint64_t creationOrder_ = 0; // tab order follows creation
+  bool tabStop_ = true;
+  bool causesValidation_ = true;
   ControlSite* site_ = &ControlSite::Standalone();
   cMDC surface_;
 };

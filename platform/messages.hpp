@@ -174,6 +174,14 @@ enum : UINT { PM_NOREMOVE = 0, PM_REMOVE = 1 };
 // Hit-test codes.
 enum : int { HTNOWHERE = 0, HTCLIENT = 1, HTCAPTION = 2 };
 
+// WM_MOUSEACTIVATE answers: whether a press focuses its window, and whether it is dropped.
+enum : LRESULT {
+  MA_ACTIVATE = 1,
+  MA_ACTIVATEANDEAT = 2,
+  MA_NOACTIVATE = 3,
+  MA_NOACTIVATEANDEAT = 4
+};
+
 // SystemParametersInfo and GetSystemMetrics.
 enum : UINT { SPI_GETWORKAREA = 48 };
 enum : int { SM_CXSCREEN = 0, SM_CYSCREEN = 1, SM_CXDOUBLECLK = 36, SM_CYDOUBLECLK = 37 };

@@ -87,7 +87,9 @@ void MemoryPlatform::PumpMessages() {
 }
 
 // The hooks a person's input passes before its message is retrieved; false discards it.
-// A button going down also moves the focus to its window.
+// A button going down also moves the focus to its window, unless the window answers
+// WM_MOUSEACTIVATE with MA_NOACTIVATE (a label) or MA_NOACTIVATEANDEAT (the focused control
+// refused to let go, so the press is dropped too). Any other answer focuses it.
 bool MemoryPlatform::RunInputHooks(QueuedMessage& entry) {
   const MSG& msg = entry.msg;
   if (IsMouseMessage(msg.message)) {
@@ -96,7 +98,19 @@ bool MemoryPlatform::RunInputHooks(QueuedMessage& entry) {
       return false;
     }
     if (clickFocus_ && IsButtonDown(msg.message) && focus_ != msg.hwnd) {
-      SetFocus(msg.hwnd);
+      HWND topLevel = msg.hwnd;
+      while (HWND parent = GetParent(topLevel)) {
+        topLevel = parent;
+      }
+      LRESULT answer = SendMessage(msg.hwnd, WM_MOUSEACTIVATE, topLevel,
+                                   MAKELPARAM(entry.hitTest, static_cast<int32_t>(msg.message)));
+      if (answer == MA_NOACTIVATEANDEAT) {
+        return false;
+      }
+      if (answer != MA_NOACTIVATE && focus_ != msg.hwnd) {
+        SetFocus(msg.hwnd);
+      }
+      return answer != MA_ACTIVATEANDEAT;
     }
     return true;
   }

@@ -1,0 +1,86 @@
+#pragma once
+#include <cstdint>
+#include <string>
+
+#include "common/font.hpp"
+#include "common/ole_color.hpp"
+#include "host/control.hpp"
+#include "host/event_source.hpp"
+
+namespace tarnbrook {
+
+class CheckBoxEvents {
+public:
+  virtual ~CheckBoxEvents() = default;
+  // The value changed: by a click, Space, or the program setting Value.
+  virtual void Click() {}
+};
+
+enum CheckBoxEventId { chkEventClick = 1 };
+
+enum CheckBoxConstants { vbUnchecked = 0, vbChecked = 1, vbGrayed = 2 };
+
+// The standard check box a form offers: a 13 x 13 sunken box with its caption beside it.
+// A click (press and release over it) or Space toggles between unchecked and checked.
+class CheckBox : public Control {
+public:
+  static constexpr int32_t BoxSize = 13;
+
+  explicit CheckBox(HWND parent = 0);
+  ~CheckBox() override;
+  std::string ClassName() const override { return "CheckBox"; }
+
+  void Connect(CheckBoxEvents* sink) { events_.Connect(sink); }
+  void Disconnect(CheckBoxEvents* sink) { events_.Disconnect(sink); }
+
+  void InitProperties() override;
+  void ReadProperties(PropertyBag& bag) override;
+  void WriteProperties(PropertyBag& bag) override;
+
+  // '&' marks the next character as the mnemonic (underlined); "&&" is a plain '&'.
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(const std::string& caption);
+  // vbUnchecked, vbChecked or vbGrayed; 380 otherwise. A change raises Click.
+  int32_t Value() const { return value_; }
+  void SetValue(int32_t value);
+
+  OleColor BackColor() const { return backColor_; }
+  void SetBackColor(OleColor color);
+  OleColor ForeColor() const { return foreColor_; }
+  void SetForeColor(OleColor color);
+  const tarnbrook::Font& Font() const { return font_; }
+  void SetFont(const tarnbrook::Font& font);
+  // 0 box at the left, 1 box at the right; 380 otherwise.
+  int32_t Alignment() const { return alignment_; }
+  void SetAlignment(int32_t alignment);
+
+protected:
+  void OnPaint() override;
+  void OnMouseDown(int16_t button, int16_t shift, float x, float y) override;
+  void OnMouseMove(int16_t button, int16_t shift, float x, float y) override;
+  void OnMouseUp(int16_t button, int16_t shift, float x, float y) override;
+  void OnDblClick() override;
+  void OnKeyDown(int16_t& keyCode, int16_t shift) override;
+  void OnKeyUp(int16_t& keyCode, int16_t shift) override;
+  void OnGotFocus() override;
+  void OnLostFocus() override;
+  void SetEnabled(bool enabled) override;
+
+private:
+  void Toggle();
+  void SetPushed(bool pushed);
+
+  EventSource<CheckBoxEvents> events_;
+  std::string caption_;
+  int32_t value_ = vbUnchecked;
+  OleColor backColor_ = vbButtonFace;
+  OleColor foreColor_ = vbButtonText;
+  tarnbrook::Font font_;
+  int32_t alignment_ = 0;
+  bool focused_ = false;
+  bool mouseHeld_ = false; // the left button went down over the box and is still down
+  bool spaceHeld_ = false;
+  bool pushed_ = false; // drawn pressed: held and over the control
+};
+
+} // namespace tarnbrook

@@ -1,0 +1,140 @@
+#pragma once
+#include <cstdint>
+#include <string>
+
+#include "common/font.hpp"
+#include "common/ole_color.hpp"
+#include "host/control.hpp"
+#include "host/event_source.hpp"
+
+namespace tarnbrook {
+
+class TextBoxEvents {
+public:
+  virtual ~TextBoxEvents() = default;
+  // The text changed (typing, paste, SetText with a different text).
+  virtual void Change() {}
+  // The focus is about to leave for a control whose CausesValidation is true; Cancel keeps
+  // it here.
+  virtual void Validate(bool& /*Cancel*/) {}
+  virtual void GotFocus() {}
+  virtual void LostFocus() {}
+  // A typed character; setting KeyAscii to 0 drops it.
+  virtual void KeyPress(int16_t& /*KeyAscii*/) {}
+};
+
+enum TextBoxEventId {
+  txtEventChange = 1,
+  txtEventValidate = 2,
+  txtEventGotFocus = 3,
+  txtEventLostFocus = 4,
+  txtEventKeyPress = 5
+};
+
+// The standard single-line text box a form offers: UTF-8 text edited by typing, the arrows,
+// Home and End (with Shift to select), Backspace, Delete, the mouse (press and drag to
+// select) and the clipboard keys (Ctrl+C, Ctrl+X, Ctrl+V, Ctrl+A). Positions (SelStart,
+// SelLength, MaxLength) count characters (code points), not bytes.
+class TextBox : public Control {
+public:
+  explicit TextBox(HWND parent = 0);
+  ~TextBox() override;
+  std::string ClassName() const override { return "TextBox"; }
+
+  void Connect(TextBoxEvents* sink) { events_.Connect(sink); }
+  void Disconnect(TextBoxEvents* sink) { events_.Disconnect(sink); }
+
+  void InitProperties() override;
+  void ReadProperties(PropertyBag& bag) override;
+  void WriteProperties(PropertyBag& bag) override;
+
+  // Setting a different text raises Change; the caret goes to the start. A text longer
+  // than MaxLength is kept whole, as the program set it.
+  const std::string& Text() const { return text_; }
+  void SetText(const std::string& text);
+
+  // The selection, in characters. SelStart past the end goes to the end and empties the
+  // selection; SelLength is clipped to the text. Negative values raise 380.
+  int32_t SelStart() const;
+  void SetSelStart(int32_t start);
+  int32_t SelLength() const;
+  void SetSelLength(int32_t length);
+  std::string SelText() const;
+  // Replaces the selection (raising Change when that changes the text); the caret follows
+  // the inserted text.
+  void SetSelText(const std::string& text);
+
+  // The most characters the user may type or paste; 0 = no limit. Negative raises 380.
+  int32_t MaxLength() const { return maxLength_; }
+  void SetMaxLength(int32_t maxLength);
+  // No edits by the user; moving the caret, selecting and copying still work.
+  bool Locked() const { return locked_; }
+  void SetLocked(bool locked);
+  // 0 left, 1 right, 2 centre; 380 otherwise.
+  int32_t Alignment() const { return alignment_; }
+  void SetAlignment(int32_t alignment);
+
+  OleColor BackColor() const { return backColor_; }
+  void SetBackColor(OleColor color);
+  OleColor ForeColor() const { return foreColor_; }
+  void SetForeColor(OleColor color);
+  const tarnbrook::Font& Font() const { return font_; }
+  void SetFont(const tarnbrook::Font& font);
+  // 0 none, 1 fixed single (the classic sunken 3D edge); 380 otherwise.
+  int32_t BorderStyle() const { return borderStyle_; }
+  void SetBorderStyle(int32_t style);
+  // A focus rectangle inside the border while the box has the focus (default false).
+  bool ShowFocusRect() const { return showFocusRect_; }
+  void SetShowFocusRect(bool show);
+
+  // The caret's place in characters (the moving end of the selection).
+  int32_t CaretPosition() const;
+
+protected:
+  void OnPaint() override;
+  void OnResize() override;
+  void OnMouseDown(int16_t button, int16_t shift, float x, float y) override;
+  void OnMouseMove(int16_t button, int16_t shift, float x, float y) override;
+  void OnMouseUp(int16_t button, int16_t shift, float x, float y) override;
+  void OnDblClick() override;
+  void OnKeyDown(int16_t& keyCode, int16_t shift) override;
+  void OnKeyPress(int16_t& keyAscii) override;
+  void OnGotFocus() override;
+  void OnLostFocus() override;
+  void OnValidate(bool& cancel) override;
+  void SetEnabled(bool enabled) override;
+
+private:
+  // Byte offsets into text_ of the selection's fixed end (anchor) and moving end (caret).
+  size_t Anchor() const { return anchor_; }
+  void Select(size_t anchor, size_t caret);
+  void ReplaceSelection(const std::string& text, bool byUser);
+  void Edited(std::string text, size_t caret);
+  size_t CharCount() const;
+  size_t ByteOfChar(int32_t index) const;
+  int32_t CharOfByte(size_t byte) const;
+  size_t PreviousChar(size_t byte) const;
+  size_t NextChar(size_t byte) const;
+  size_t ByteAtX(float x);
+  void Layout();
+  void KeepCaretVisible();
+  void Changed();
+
+  EventSource<TextBoxEvents> events_;
+  std::string text_;
+  size_t anchor_ = 0;
+  size_t caret_ = 0;
+  int32_t maxLength_ = 0;
+  bool locked_ = false;
+  int32_t alignment_ = 0;
+  OleColor backColor_ = vbWindowBackground;
+  OleColor foreColor_ = vbWindowText;
+  tarnbrook::Font font_;
+  int32_t borderStyle_ = 1;
+  bool showFocusRect_ = false;
+  bool focused_ = false;
+  bool dragging_ = false;
+  int32_t scroll_ = 0; // pixels of text scrolled off to the left
+};
+
+} // namespace tarnbrook
