@@ -1,0 +1,328 @@
+#pragma once
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "common/date_value.hpp"
+#include "common/font.hpp"
+#include "common/ole_color.hpp"
+#include "constituents/combo_list_x.hpp"
+#include "constituents/number_spin.hpp"
+#include "dateselect/cdts_option.hpp"
+#include "host/check_box.hpp"
+#include "host/control.hpp"
+#include "host/event_source.hpp"
+#include "host/label.hpp"
+#include "host/text_box.hpp"
+#include "picker/date_picker.hpp"
+
+namespace tarnbrook {
+
+enum dtsOptions {
+  dtsToday = 0,
+  dtsDate = 1,
+  dtsDateRange = 2,
+  dtsLast7days = 3,
+  dtsLast30days = 4,
+  dtsThisWeekTillToday = 5,
+  dtsThisMonthTillToday = 6,
+  dtsThisYearTillToday = 7,
+  dtsLastWeek = 8,
+  dtsLastMonth = 9,
+  dtsLastYear = 10,
+  dtsCustomRange = 11,
+  dtsExpression = 12,
+  dtsMonth = 13,
+  dtsYear = 14,
+};
+
+// The spellings dtsJun and dtsOctobor are the published names.
+enum dtsMonths {
+  dtsJanuary = 1,
+  dtsFebruary = 2,
+  dtsMarch = 3,
+  dtsApril = 4,
+  dtsMay = 5,
+  dtsJun = 6,
+  dtsJuly = 7,
+  dtsAugust = 8,
+  dtsSeptember = 9,
+  dtsOctobor = 10,
+  dtsNovember = 11,
+  dtsDecember = 12,
+};
+
+enum dtsCustomSelections {
+  dtsDays = 0,
+  dtsWeeks = 1,
+  dtsMonths = 2,
+  dtsYears = 3,
+};
+
+// Declared for hosts; no property takes it.
+enum dtsDateFormats {
+  dtsSystemDefault = 0,
+  dtsCustom = 1,
+};
+
+class DateSelectEvents {
+public:
+  virtual ~DateSelectEvents() = default;
+  virtual void Change() {}
+  virtual void OperatorChange() {}
+  virtual void StartDateChange() {}
+  virtual void EndDateChange() {}
+  virtual void YearChange() {}
+  virtual void MonthChange() {}
+  virtual void SelectionChange() {}
+  virtual void CustomRangeChange() {}
+  virtual void CustomSelectionChange() {}
+};
+
+enum DateSelectEventId {
+  dtsEventChange = 1,
+  dtsEventOperatorChange = 2,
+  dtsEventStartDateChange = 3,
+  dtsEventEndDateChange = 4,
+  dtsEventYearChange = 5,
+  dtsEventMonthChange = 6,
+  dtsEventSelectionChange = 7,
+  dtsEventCustomRangeChange = 8,
+  dtsEventCustomSelectionChange = 9,
+};
+
+// Picks a date or a date range by a named option ("Today", "Last Month", "Custom Range" ...),
+// computes its start and end, and writes SQL criteria for them. Built from constituent
+// controls: an option list, two date fields, month, year, operator and custom range inputs.
+class DateSelect : public Control,
+                   private CdtsOptionEvents,
+                   private TextBoxEvents,
+                   private CheckBoxEvents {
+public:
+  static constexpr int32_t OptionCount = 15;
+  static constexpr int32_t MinWidthTwips = 2000;
+
+  explicit DateSelect(HWND parent = 0);
+  ~DateSelect() override;
+  std::string ClassName() const override { return "DateSelect"; }
+
+  void Connect(DateSelectEvents* sink) { events_.Connect(sink); }
+  void Disconnect(DateSelectEvents* sink) { events_.Disconnect(sink); }
+
+  void InitProperties() override;
+  void ReadProperties(PropertyBag& bag) override;
+  void WriteProperties(PropertyBag& bag) override;
+
+  // Options.
+  int32_t VisibleOptions() const;
+  void SetVisibleOptions(int32_t mask);
+  std::shared_ptr<CdtsOption> Options(int32_t index); // 9 outside 0..15
+  int32_t Selection() const { return selection_; }
+  void SetSelection(int32_t option); // 5055 "Tarnbrook.DateSelect" outside 0..15
+
+  // Range.
+  DateValue StartDate() const;
+  void SetStartDate(DateValue date);
+  DateValue EndDate() const;
+  void SetEndDate(DateValue date);
+  int32_t SelectedMonth() const { return selectedMonth_; }
+  void SetSelectedMonth(int32_t month); // 1001 "Invalid Month Value"
+  int16_t SelectedYear() const { return selectedYear_; }
+  void SetSelectedYear(int16_t year); // 380 outside the controls' years 1601..9999
+  const std::string& Operator() const { return operator_; }
+  void SetOperator(const std::string& op); // 1000 "Invalid Operator"
+  int32_t CustomRange() const;
+  void SetCustomRange(int32_t number);
+  int32_t CustomSelection() const;
+  void SetCustomSelection(int32_t unit);
+  const std::string& InputFormat() const { return inputFormat_; }
+  void SetInputFormat(const std::string& format);
+  int32_t FirstDayofWeek() const { return firstDayofWeek_; }
+  void SetFirstDayofWeek(int32_t firstDay); // 5 outside 0..7
+
+  bool DisableSelection() const { return disableSelection_; }
+  void SetDisableSelection(bool disable);
+  bool DisableStartDate() const { return disableStartDate_; }
+  void SetDisableStartDate(bool disable);
+  bool DisableEndDate() const { return disableEndDate_; }
+  void SetDisableEndDate(bool disable);
+  bool DisableCustomSelection() const { return disableCustomSelection_; }
+  void SetDisableCustomSelection(bool disable);
+
+  // SQL.
+  const std::string& SQLFieldName() const { return sqlFieldName_; }
+  void SetSQLFieldName(const std::string& name);
+  const std::string& SQLDateWrapper() const { return sqlDateWrapper_; }
+  void SetSQLDateWrapper(const std::string& wrapper);
+  const std::string& SQLDateFormat() const { return sqlDateFormat_; }
+  void SetSQLDateFormat(const std::string& format);
+  bool SQLUseBETWEEN() const { return sqlUseBetween_; }
+  void SetSQLUseBETWEEN(bool use);
+  const std::string& SQLPrefix() const { return sqlPrefix_; }
+  void SetSQLPrefix(const std::string& prefix);
+  std::string SQLCriteria() const;
+  std::string SQL() const;
+
+  // Appearance, passed on to the constituents.
+  int32_t ButtonWidth() const { return buttonWidth_; }
+  void SetButtonWidth(int32_t width); // below zero ignored
+  int32_t ButtonStyle() const { return buttonStyle_; }
+  void SetButtonStyle(int32_t style); // 5065 "Tarnbrook.DatePicker" above 2
+  int32_t BorderStyle() const { return borderStyle_; }
+  void SetBorderStyle(int32_t style);
+  OleColor BackColor() const { return backColor_; }
+  void SetBackColor(OleColor color);
+  OleColor ControlBackColor() const { return controlBackColor_; }
+  void SetControlBackColor(OleColor color);
+  OleColor ForeColor() const { return foreColor_; }
+  void SetForeColor(OleColor color);
+  const tarnbrook::Font& Font() const { return font_; }
+  void SetFont(const tarnbrook::Font& font);
+  OleColor FocusColor() const { return focusColor_; }
+  void SetFocusColor(OleColor color);
+  bool UseFocusColor() const { return useFocusColor_; }
+  void SetUseFocusColor(bool use);
+  bool ShowFocusRect() const { return showFocusRect_; }
+  void SetShowFocusRect(bool show);
+
+  HWND hwnd() const { return hWnd(); }
+  void About();
+
+  // The constituents, by their names.
+  ComboListX& cboSelection() { return *cboSelection_; }
+  DatePicker& dtpFrom() { return *dtpFrom_; }
+  DatePicker& dtpTo() { return *dtpTo_; }
+  tarnbrook::Label& lblFrom() { return *lblFrom_; }
+  tarnbrook::Label& lblTo() { return *lblTo_; }
+  ComboListX& cboOperator() { return *cboOperator_; }
+  ComboListX& cboMonth() { return *cboMonth_; }
+  NumberSpin& spnYear() { return *spnYear_; }
+  tarnbrook::Label& lblCustom() { return *lblCustom_; }
+  TextBox& txtCustomRange() { return *txtCustomRange_; }
+  ComboListX& cboCustomChoice() { return *cboCustomChoice_; }
+  CheckBox& chkCustom() { return *chkCustom_; }
+
+protected:
+  void OnPaint() override;
+  void OnResize() override;
+
+private:
+  struct OptionRecord {
+    int32_t index = 0;
+    std::string text;
+    bool visible = true;
+  };
+  // Hands one constituent's event to the member that handles it.
+  struct ListRelay : ComboListXEvents {
+    std::function<void()> click;
+    void Click() override { click(); }
+  };
+  struct PickerRelay : DatePickerEvents {
+    std::function<void()> change;
+    void Change() override { change(); }
+  };
+  struct SpinRelay : NumberSpinEvents {
+    std::function<void()> change;
+    void Change() override { change(); }
+  };
+
+  // Options (date_select.cpp).
+  void RebuildOptionList();
+  void TextChange(int32_t index, const std::string& text) override;
+  void VisibleChange(int32_t index, bool visible) override;
+
+  // Ranges (date_select_range.cpp).
+  void ApplyOption(int32_t option);
+  void ApplyLastMonth();
+  void ApplyMonthRange();
+  void ApplyYearRange();
+  void ApplyCustomRange();
+  void YearChanged(int32_t year);
+  void SetFrom(DateValue date);
+  void SetTo(DateValue date);
+  std::string SqlDate(DateValue date) const;
+  std::string SqlRange(DateValue start, DateValue end) const;
+
+  // Constituents and their layout (date_select_layout.cpp).
+  void CreateConstituents();
+  void ShowConstituents();
+  void LayoutConstituents();
+  template <class Each> void ForEachConstituent(Each each);
+  std::array<ComboListX*, 4> Lists();
+  std::array<tarnbrook::Label*, 3> Labels();
+
+  // The constituents' events (date_select_input.cpp).
+  void ConnectConstituents();
+  void OptionPicked();
+  void OperatorPicked();
+  void CustomChoicePicked();
+  void FromChanged();
+  void ToChanged();
+  void SpinChanged();
+  void Change() override; // txtCustomRange
+  void Validate(bool& Cancel) override;
+  void GotFocus() override;
+  void LostFocus() override;
+  void Click() override; // chkCustom
+  void RaiseWithChange(void (DateSelectEvents::*event)());
+  template <class Action> void Quietly(Action action);
+
+  EventSource<DateSelectEvents> events_;
+  std::array<OptionRecord, 16> records_;
+  std::shared_ptr<CdtsOption> option_;
+  int32_t selection_ = dtsToday;
+
+  std::unique_ptr<ComboListX> cboSelection_, cboOperator_, cboMonth_, cboCustomChoice_;
+  std::unique_ptr<DatePicker> dtpFrom_, dtpTo_;
+  std::unique_ptr<tarnbrook::Label> lblFrom_, lblTo_, lblCustom_;
+  std::unique_ptr<NumberSpin> spnYear_;
+  std::unique_ptr<TextBox> txtCustomRange_;
+  std::unique_ptr<CheckBox> chkCustom_;
+  ListRelay selectionRelay_, operatorRelay_, monthRelay_, customChoiceRelay_;
+  PickerRelay fromRelay_, toRelay_;
+  SpinRelay yearRelay_;
+  int quiet_ = 0;       // constituents being set by the control itself: their events are its own
+  bool laying_ = false; // the control is setting its own height
+
+  int16_t selectedYear_ = 0;
+  int32_t selectedMonth_ = 1;
+  std::string operator_ = "=";
+  std::string inputFormat_;
+  int32_t firstDayofWeek_ = 0;
+  bool disableSelection_ = false;
+  bool disableStartDate_ = false;
+  bool disableEndDate_ = false;
+  bool disableCustomSelection_ = false;
+
+  std::string sqlFieldName_ = "Date";
+  std::string sqlDateWrapper_;
+  std::string sqlDateFormat_;
+  bool sqlUseBetween_ = true;
+  std::string sqlPrefix_;
+
+  int32_t buttonWidth_ = 16;
+  int32_t buttonStyle_ = 0;
+  int32_t borderStyle_ = 3;
+  OleColor backColor_ = vbButtonFace;
+  OleColor controlBackColor_ = vbWindowBackground;
+  OleColor foreColor_ = vbButtonText;
+  tarnbrook::Font font_;
+  OleColor focusColor_ = 0xB0FCB0;
+  bool useFocusColor_ = false;
+  bool showFocusRect_ = true;
+};
+
+template <class Action> void DateSelect::Quietly(Action action) {
+  ++quiet_;
+  try {
+    action();
+  } catch (...) {
+    --quiet_;
+    throw;
+  }
+  --quiet_;
+}
+
+} // namespace tarnbrook

@@ -1,0 +1,361 @@
+// The constituents: created once, shown per option, laid out in rows under the option list,
+// and given the control's appearance.
+#include <algorithm>
+#include <cstdint>
+
+#include "common/control_error.hpp"
+#include "common/locale.hpp"
+#include "dateselect/date_select.hpp"
+
+namespace tarnbrook {
+namespace {
+
+constexpr int32_t RowGap = 3;             // pixels between the rows
+constexpr int32_t TextPadding = 6;        // pixels around a measured text inside a field
+constexpr int32_t BottomMarginTwips = 60; // below the date fields
+
+int32_t BorderWidth(int32_t style) {
+  switch (style) {
+  case dtpBorderNone:
+    return 0;
+  case dtpBorderFixedSingle:
+  case dtpBorderSunkenThin:
+  case dtpBorderRaisedThin:
+    return 1;
+  default:
+    return 2;
+  }
+}
+
+} // namespace
+
+void DateSelect::CreateConstituents() {
+  const HWND self = hWnd();
+  cboSelection_ = std::make_unique<ComboListX>(self);
+  lblFrom_ = std::make_unique<tarnbrook::Label>(self);
+  dtpFrom_ = std::make_unique<DatePicker>(self);
+  lblTo_ = std::make_unique<tarnbrook::Label>(self);
+  dtpTo_ = std::make_unique<DatePicker>(self);
+  cboOperator_ = std::make_unique<ComboListX>(self);
+  cboMonth_ = std::make_unique<ComboListX>(self);
+  spnYear_ = std::make_unique<NumberSpin>(self);
+  lblCustom_ = std::make_unique<tarnbrook::Label>(self);
+  txtCustomRange_ = std::make_unique<TextBox>(self);
+  cboCustomChoice_ = std::make_unique<ComboListX>(self);
+  chkCustom_ = std::make_unique<CheckBox>(self);
+
+  cboSelection_->InitProperties();
+  cboOperator_->InitProperties();
+  cboMonth_->InitProperties();
+  cboCustomChoice_->InitProperties();
+  spnYear_->InitProperties();
+  for (DatePicker* picker : {dtpFrom_.get(), dtpTo_.get()}) {
+    picker->InitProperties();
+    picker->SetAllowEmpty(false); // a range always has both ends
+  }
+  lblFrom_->SetCaption("From");
+  lblTo_->SetCaption("To");
+  lblCustom_->SetCaption("Last");
+  chkCustom_->SetCaption("Including today");
+  txtCustomRange_->SetBorderStyle(1);
+  txtCustomRange_->SetAlignment(1);
+  txtCustomRange_->SetText("1"); // the number a new control saves as its default
+  for (const char* op : {"=", ">", ">=", "<", "<=", "<>"})
+    cboOperator_->AddItem(op);
+  for (int month = 1; month <= 12; ++month)
+    cboMonth_->AddItem(CurrentLocale().MonthName(month));
+  for (const char* unit : {"Days", "Weeks", "Months", "Years"})
+    cboCustomChoice_->AddItem(unit);
+}
+
+// Every constituent, the option list first, in the order the user tabs through them.
+template <class Each> void DateSelect::ForEachConstituent(Each each) {
+  Control* all[] = {cboSelection_.get(),   lblFrom_.get(),         dtpFrom_.get(),
+                    lblTo_.get(),          dtpTo_.get(),           cboOperator_.get(),
+                    cboMonth_.get(),       spnYear_.get(),         lblCustom_.get(),
+                    txtCustomRange_.get(), cboCustomChoice_.get(), chkCustom_.get()};
+  for (Control* control : all)
+    each(*control);
+}
+
+std::array<ComboListX*, 4> DateSelect::Lists() {
+  return {cboSelection_.get(), cboOperator_.get(), cboMonth_.get(), cboCustomChoice_.get()};
+}
+
+std::array<tarnbrook::Label*, 3> DateSelect::Labels() {
+  return {lblFrom_.get(), lblTo_.get(), lblCustom_.get()};
+}
+
+// Shows the constituents of the current option, enabled when the option takes the user's
+// input; the disable flags can only take that away.
+void DateSelect::ShowConstituents() {
+  const int32_t option = selection_;
+  std::vector<Control*> shown;
+  switch (option) {
+  case dtsToday:
+  case dtsDate:
+    shown = {dtpFrom_.get()};
+    break;
+  case dtsDateRange:
+  case dtsLast7days:
+  case dtsLast30days:
+  case dtsThisWeekTillToday:
+  case dtsThisMonthTillToday:
+  case dtsThisYearTillToday:
+  case dtsLastWeek:
+    shown = {lblFrom_.get(), dtpFrom_.get(), lblTo_.get(), dtpTo_.get()};
+    break;
+  case dtsLastMonth:
+  case dtsMonth:
+    shown = {cboMonth_.get(), spnYear_.get()};
+    break;
+  case dtsLastYear:
+  case dtsYear:
+    shown = {spnYear_.get()};
+    break;
+  case dtsCustomRange:
+    shown = {lblCustom_.get(), txtCustomRange_.get(), cboCustomChoice_.get(), chkCustom_.get()};
+    break;
+  case dtsExpression:
+    shown = {cboOperator_.get(), dtpFrom_.get()};
+    break;
+  default:
+    break;
+  }
+  const bool takesInput = option == dtsDate || option == dtsDateRange || option == dtsCustomRange ||
+                          option == dtsExpression || option == dtsMonth || option == dtsYear;
+  ForEachConstituent([&](Control& control) {
+    if (&control == cboSelection_.get())
+      return;
+    control.SetEnabled(takesInput);
+    control.SetVisible(std::find(shown.begin(), shown.end(), &control) != shown.end());
+  });
+  dtpFrom_->SetEnabled(takesInput && !disableStartDate_);
+  dtpTo_->SetEnabled(takesInput && !disableEndDate_);
+  cboCustomChoice_->SetEnabled(takesInput && !disableCustomSelection_);
+  LayoutConstituents();
+}
+
+void DateSelect::OnResize() {
+  if (laying_)
+    return;
+  LayoutConstituents();
+}
+
+// Rows of one field height: the option list, then the option's inputs, then the end date;
+// the control ends a little under the date fields. Field widths come from sample texts.
+void DateSelect::LayoutConstituents() {
+  const int32_t twips = Site().TwipsPerPixelX();
+  const int32_t minWidth = (MinWidthTwips + twips - 1) / twips;
+  const int32_t width = std::max(ScaleWidth(), minWidth);
+  cMDC& measure = Surface();
+  measure.SetFont(font_.Name, font_.Size, font_.Bold, font_.Italic, font_.Strikethrough,
+                  font_.Underline);
+  const int32_t space = measure.TextWidth("9");
+  const int32_t chrome = std::max(buttonWidth_, 0) + 2 * BorderWidth(borderStyle_) + TextPadding;
+  const int32_t rowHeight = cboSelection_->PreferredHeight();
+  const int32_t row2 = rowHeight + RowGap;
+  const int32_t row3 = row2 + rowHeight + RowGap;
+
+  cboSelection_->Move(0, 0, width, rowHeight);
+  const int32_t labelWidth = std::max(lblFrom_->CaptionWidth(), lblTo_->CaptionWidth()) + space;
+  lblFrom_->Move(0, row2, labelWidth, rowHeight);
+  lblTo_->Move(0, row3, labelWidth, rowHeight);
+  dtpTo_->Move(labelWidth, row3, std::max(width - labelWidth, 0), rowHeight);
+
+  const int32_t operatorWidth = measure.TextWidth("<=") + chrome;
+  const int32_t yearWidth = measure.TextWidth("9999") + chrome;
+  if (selection_ == dtsExpression)
+    dtpFrom_->Move(operatorWidth + space, row2, std::max(width - operatorWidth - space, 0),
+                   rowHeight);
+  else if (lblFrom_->Visible())
+    dtpFrom_->Move(labelWidth, row2, std::max(width - labelWidth, 0), rowHeight);
+  else
+    dtpFrom_->Move(0, row2, width, rowHeight);
+  cboOperator_->Move(0, row2, operatorWidth, rowHeight);
+  cboMonth_->Move(0, row2, std::max(width - yearWidth - space, 0), rowHeight);
+  spnYear_->Move(selection_ == dtsMonth || selection_ == dtsLastMonth ? width - yearWidth : 0, row2,
+                 yearWidth, rowHeight);
+
+  const int32_t customLabelWidth = lblCustom_->CaptionWidth() + space;
+  const int32_t numberWidth = measure.TextWidth("999") + TextPadding + 4;
+  lblCustom_->Move(0, row2, customLabelWidth, rowHeight);
+  txtCustomRange_->Move(customLabelWidth, row2, numberWidth, rowHeight);
+  cboCustomChoice_->Move(customLabelWidth + numberWidth + space, row2,
+                         measure.TextWidth("Months") + chrome, rowHeight);
+  chkCustom_->Move(customLabelWidth, row3, std::max(width - customLabelWidth, 0), rowHeight);
+
+  // The control's own size follows: at least 2000 twips wide, 60 twips under the date fields.
+  const int32_t height = row3 + rowHeight + BottomMarginTwips / Site().TwipsPerPixelY();
+  if (width != ScaleWidth() || height != ScaleHeight()) {
+    laying_ = true;
+    Rect bounds = Platform::Current().GetWindowRect(hWnd());
+    Point topLeft = {bounds.left, bounds.top};
+    if (HWND parent = Parent())
+      topLeft = Platform::Current().ScreenToClient(parent, topLeft);
+    Move(topLeft.x, topLeft.y, width, height);
+    laying_ = false;
+  }
+}
+
+void DateSelect::OnPaint() {
+  Surface().DrawBox(0, 0, Surface().Width(), Surface().Height(), 1, OleColorNone, backColor_);
+}
+
+// Saved as a 16-bit number, so wider is refused here rather than when the form is saved.
+void DateSelect::SetButtonWidth(int32_t width) {
+  if (width < 0)
+    return;
+  if (width > INT16_MAX)
+    RaiseRuntimeError(rtOverflow, "Tarnbrook.DateSelect");
+  buttonWidth_ = width;
+  for (ComboListX* list : Lists())
+    list->SetButtonWidth(width);
+  spnYear_->SetButtonWidth(width);
+  dtpFrom_->SetButtonWidth(width);
+  dtpTo_->SetButtonWidth(width);
+  LayoutConstituents();
+  PropertyChanged("ButtonWidth");
+}
+
+void DateSelect::SetButtonStyle(int32_t style) {
+  if (style > 2)
+    throw ControlError(5065, "Tarnbrook.DatePicker", "Invalid ButtonStyle!");
+  buttonStyle_ = style;
+  for (ComboListX* list : Lists())
+    list->SetButtonStyle(style);
+  spnYear_->SetButtonStyle(style);
+  dtpFrom_->SetButtonStyle(style);
+  dtpTo_->SetButtonStyle(style);
+  PropertyChanged("ButtonStyle");
+}
+
+void DateSelect::SetBorderStyle(int32_t style) {
+  borderStyle_ = style;
+  for (ComboListX* list : Lists())
+    list->SetBorderStyle(style);
+  spnYear_->SetBorderStyle(style);
+  dtpFrom_->SetBorderStyle(style);
+  dtpTo_->SetBorderStyle(style);
+  LayoutConstituents();
+  PropertyChanged("BorderStyle");
+}
+
+void DateSelect::SetBackColor(OleColor color) {
+  backColor_ = color;
+  for (tarnbrook::Label* label : Labels())
+    label->SetBackColor(color);
+  chkCustom_->SetBackColor(color);
+  Refresh();
+  PropertyChanged("BackColor");
+}
+
+void DateSelect::SetControlBackColor(OleColor color) {
+  controlBackColor_ = color;
+  for (ComboListX* list : Lists())
+    list->SetBackColor(color);
+  spnYear_->SetBackColor(color);
+  dtpFrom_->SetBackColor(color);
+  dtpTo_->SetBackColor(color);
+  txtCustomRange_->SetBackColor(color);
+  PropertyChanged("ControlBackColor");
+}
+
+void DateSelect::SetForeColor(OleColor color) {
+  foreColor_ = color;
+  for (ComboListX* list : Lists())
+    list->SetForeColor(color);
+  spnYear_->SetForeColor(color);
+  dtpFrom_->SetForeColor(color);
+  dtpTo_->SetForeColor(color);
+  txtCustomRange_->SetForeColor(color);
+  for (tarnbrook::Label* label : Labels())
+    label->SetForeColor(color);
+  chkCustom_->SetForeColor(color);
+  PropertyChanged("ForeColor");
+}
+
+void DateSelect::SetFont(const tarnbrook::Font& font) {
+  font_ = font;
+  for (ComboListX* list : Lists())
+    list->SetFont(font);
+  spnYear_->SetFont(font);
+  dtpFrom_->SetFont(font);
+  dtpTo_->SetFont(font);
+  txtCustomRange_->SetFont(font);
+  for (tarnbrook::Label* label : Labels())
+    label->SetFont(font);
+  chkCustom_->SetFont(font);
+  LayoutConstituents();
+  PropertyChanged("Font");
+}
+
+void DateSelect::SetFocusColor(OleColor color) {
+  focusColor_ = color;
+  dtpFrom_->SetFocusColor(color);
+  dtpTo_->SetFocusColor(color);
+  PropertyChanged("FocusColor");
+}
+
+void DateSelect::SetUseFocusColor(bool use) {
+  useFocusColor_ = use;
+  dtpFrom_->SetUseFocusColor(use);
+  dtpTo_->SetUseFocusColor(use);
+  PropertyChanged("UseFocusColor");
+}
+
+void DateSelect::SetShowFocusRect(bool show) {
+  showFocusRect_ = show;
+  dtpFrom_->SetShowFocusRect(show);
+  dtpTo_->SetShowFocusRect(show);
+  PropertyChanged("ShowFocusRect");
+}
+
+// An empty format is the user's short date.
+void DateSelect::SetInputFormat(const std::string& format) {
+  for (DatePicker* picker : {dtpFrom_.get(), dtpTo_.get()}) {
+    if (format.empty()) {
+      picker->SetFormat(dtpShortDate);
+    } else {
+      picker->SetCustomFormat(format);
+      picker->SetFormat(dtpCustom);
+    }
+  }
+  inputFormat_ = format;
+  PropertyChanged("InputFormat");
+}
+
+void DateSelect::SetFirstDayofWeek(int32_t firstDay) {
+  if (firstDay < vbUseSystemDayOfWeek || firstDay > vbSaturday)
+    RaiseRuntimeError(rtInvalidProcedureCall, "Tarnbrook.DateSelect");
+  firstDayofWeek_ = firstDay;
+  dtpFrom_->SetFirstDayofWeek(firstDay);
+  dtpTo_->SetFirstDayofWeek(firstDay);
+  PropertyChanged("FirstDayofWeek");
+}
+
+void DateSelect::SetDisableSelection(bool disable) {
+  disableSelection_ = disable;
+  cboSelection_->SetEnabled(!disable);
+  PropertyChanged("DisableSelection");
+}
+
+void DateSelect::SetDisableStartDate(bool disable) {
+  disableStartDate_ = disable;
+  ShowConstituents();
+  PropertyChanged("DisableStartDate");
+}
+
+void DateSelect::SetDisableEndDate(bool disable) {
+  disableEndDate_ = disable;
+  ShowConstituents();
+  PropertyChanged("DisableEndDate");
+}
+
+void DateSelect::SetDisableCustomSelection(bool disable) {
+  disableCustomSelection_ = disable;
+  ShowConstituents();
+  PropertyChanged("DisableCustomSelection");
+}
+
+} // namespace tarnbrook
