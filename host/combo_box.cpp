@@ -176,6 +176,22 @@ const tarnbrook::Font& ComboBox::GetFont() const {
   return font_;
 }
 
+void ComboBox::SetFieldOnly(bool fieldOnly) {
+  fieldOnly_ = fieldOnly;
+  KeepFieldHeight();
+  Refresh();
+}
+
+void ComboBox::SetBackColor(OleColor color) {
+  backColor_ = color;
+  ListChanged();
+}
+
+void ComboBox::SetForeColor(OleColor color) {
+  foreColor_ = color;
+  ListChanged();
+}
+
 void ComboBox::SetEnabled(bool enabled) {
   if (!enabled) {
     CloseUp(false);
@@ -193,26 +209,30 @@ void ComboBox::OnPaint() {
                   font_.Underline);
   Canvas& canvas = *Canvas::FromHandle(surface.hDC());
   bool enabled = Enabled();
-  Rect inside =
-      canvas.DrawEdge({0, 0, surface.Width(), surface.Height()}, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+  Rect whole{0, 0, surface.Width(), surface.Height()};
+  Rect inside = fieldOnly_ ? whole : canvas.DrawEdge(whole, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+  // A bare field is its owner's: it keeps its colour when disabled, as the owner's frame does.
   canvas.FillRect(inside,
-                  static_cast<COLORREF>(GetSysColor(enabled ? COLOR_WINDOW : COLOR_BTNFACE)));
+                  static_cast<COLORREF>(enabled || fieldOnly_ ? TranslateColor(backColor_)
+                                                              : GetSysColor(COLOR_BTNFACE)));
 
-  Rect button{std::max(inside.left, inside.right - ButtonWidth), inside.top, inside.right,
-              inside.bottom};
-  uint32_t state = DFCS_SCROLLCOMBOBOX;
-  if (DroppedDown() || buttonHeld_) {
-    state |= DFCS_PUSHED;
+  Rect button{inside.right, inside.top, inside.right, inside.bottom};
+  if (!fieldOnly_) {
+    button.left = std::max(inside.left, inside.right - ButtonWidth);
+    uint32_t state = DFCS_SCROLLCOMBOBOX;
+    if (DroppedDown() || buttonHeld_) {
+      state |= DFCS_PUSHED;
+    }
+    if (!enabled) {
+      state |= DFCS_INACTIVE;
+    }
+    canvas.DrawFrameControl(button, DFC_SCROLL, state);
   }
-  if (!enabled) {
-    state |= DFCS_INACTIVE;
-  }
-  canvas.DrawFrameControl(button, DFC_SCROLL, state);
 
   // A focused drop-down list shows its text selected, inside a focus rectangle.
   Rect entry{inside.left + 1, inside.top + 1, button.left - 1, inside.bottom - 1};
   bool focused = enabled && Platform::Current().GetFocus() == hWnd();
-  DropList::DrawEntry(canvas, Text(), entry, focused, enabled);
+  DropList::DrawEntry(canvas, Text(), entry, focused, enabled, TranslateColor(foreColor_));
   if (focused) {
     canvas.DrawFocusRect(entry);
   }

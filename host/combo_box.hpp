@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "common/font.hpp"
+#include "common/ole_color.hpp"
 #include "host/control.hpp"
 #include "host/event_source.hpp"
 
@@ -68,7 +69,21 @@ public:
   void ShowDropDown(bool show);
   // Height of one entry of the list: the font's text height + 2 pixels.
   int32_t ItemHeight() const;
-  int32_t FieldHeight() const { return ItemHeight() + 6; }
+  int32_t FieldHeight() const { return ItemHeight() + (fieldOnly_ ? 2 : 6); }
+
+  // Only the text field, without the 3D edge and the button, for an owner that draws its
+  // own frame around it; the field is then 4 pixels lower.
+  bool FieldOnly() const { return fieldOnly_; }
+  void SetFieldOnly(bool fieldOnly);
+  // The window the list drops below and takes its width from: this one unless set (0).
+  void SetDropAnchor(HWND anchor) { dropAnchor_ = anchor; }
+  HWND DropAnchor() const { return dropAnchor_ ? dropAnchor_ : hWnd(); }
+
+  // The colours of the field and the list (window background and window text by default).
+  OleColor BackColor() const { return backColor_; }
+  void SetBackColor(OleColor color);
+  OleColor ForeColor() const { return foreColor_; }
+  void SetForeColor(OleColor color);
 
   void SetFont(const tarnbrook::Font& font);
   const tarnbrook::Font& GetFont() const;
@@ -108,6 +123,10 @@ private:
   int32_t requestedHeight_ = 0; // the height last given by Move: bounds the list
   bool keepingHeight_ = false;
   bool buttonHeld_ = false;
+  bool fieldOnly_ = false;
+  HWND dropAnchor_ = 0;
+  OleColor backColor_ = vbWindowBackground;
+  OleColor foreColor_ = vbWindowText;
   std::unique_ptr<DropList> dropList_;
 };
 

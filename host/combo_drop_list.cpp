@@ -41,7 +41,7 @@ void ComboBox::DropList::Update(int32_t rows) {
   top_ = std::clamp(top_, 0, std::max(0, owner_.ListCount() - rows_));
 
   Platform& platform = Platform::Current();
-  Rect field = platform.GetWindowRect(owner_.hWnd());
+  Rect field = platform.GetWindowRect(owner_.DropAnchor());
   int32_t height = rows_ * owner_.ItemHeight() + 2 * Border;
   Rect work;
   if (!platform.SystemParametersInfo(SPI_GETWORKAREA, &work)) {
@@ -102,13 +102,15 @@ bool ComboBox::DropList::ScrollAt(Point screen) {
 }
 
 void ComboBox::DropList::DrawEntry(Canvas& canvas, std::string_view text, const Rect& rect,
-                                   bool highlighted, bool enabled) {
+                                   bool highlighted, bool enabled, int32_t textColor) {
   if (highlighted) {
     canvas.FillRect(rect, Sys(COLOR_HIGHLIGHT));
   }
-  canvas.SetTextColor(Sys(highlighted ? COLOR_HIGHLIGHTTEXT
-                          : enabled   ? COLOR_WINDOWTEXT
-                                      : COLOR_GRAYTEXT));
+  COLORREF color = highlighted       ? Sys(COLOR_HIGHLIGHTTEXT)
+                   : !enabled        ? Sys(COLOR_GRAYTEXT)
+                   : textColor == -1 ? Sys(COLOR_WINDOWTEXT)
+                                     : static_cast<COLORREF>(textColor);
+  canvas.SetTextColor(color);
   int previousMode = canvas.SetBkMode(TRANSPARENT);
   canvas.DrawText(text, Rect{rect.left + 2, rect.top, rect.right, rect.bottom},
                   DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
@@ -126,13 +128,14 @@ void ComboBox::DropList::OnPaint() {
   canvas.FillRect({0, 0, surface.Width(), surface.Height()}, Sys(COLOR_WINDOWFRAME));
   Rect rows = RowsRect();
   canvas.FillRect({Border, Border, surface.Width() - Border, surface.Height() - Border},
-                  Sys(COLOR_WINDOW));
+                  static_cast<COLORREF>(TranslateColor(owner_.backColor_)));
   int32_t itemHeight = owner_.ItemHeight();
   for (int32_t row = 0; row < rows_ && top_ + row < owner_.ListCount(); ++row) {
     int32_t index = top_ + row;
     Rect entry{rows.left, rows.top + row * itemHeight, rows.right,
                rows.top + (row + 1) * itemHeight};
-    DrawEntry(canvas, owner_.items_[index].text, entry, index == hot_);
+    DrawEntry(canvas, owner_.items_[index].text, entry, index == hot_, true,
+              TranslateColor(owner_.foreColor_));
   }
   if (HasScrollBar()) {
     DrawScrollBar(canvas);

@@ -33,9 +33,9 @@ public:
   bool ScrollAt(Point screen);
 
   // One entry of the field or the list: its text with a small left margin, highlighted or in
-  // the window's colours.
+  // the text colour (-1: the window text colour).
   static void DrawEntry(Canvas& canvas, std::string_view text, const Rect& rect, bool highlighted,
-                        bool enabled = true);
+                        bool enabled = true, int32_t textColor = -1);
 
 protected:
   void OnPaint() override;
