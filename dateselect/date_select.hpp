@@ -187,6 +187,8 @@ public:
   bool ShowFocusRect() const { return showFocusRect_; }
   void SetShowFocusRect(bool show);
 
+  // A disabled control shows every constituent disabled.
+  void SetEnabled(bool enabled) override;
   HWND hwnd() const { return hWnd(); }
   void About();
 

@@ -125,8 +125,10 @@ void DateSelect::ShowConstituents() {
   const bool takesInput = option == dtsDate || option == dtsDateRange || option == dtsCustomRange ||
                           option == dtsExpression || option == dtsMonth || option == dtsYear;
   ForEachConstituent([&](Control& control) {
-    if (&control == cboSelection_.get())
+    if (&control == cboSelection_.get()) {
+      control.SetEnabled(Enabled() && !disableSelection_);
       return;
+    }
     control.SetEnabled(takesInput);
     control.SetVisible(std::find(shown.begin(), shown.end(), &control) != shown.end());
   });
@@ -334,9 +336,14 @@ void DateSelect::SetFirstDayofWeek(int32_t firstDay) {
   PropertyChanged("FirstDayofWeek");
 }
 
+void DateSelect::SetEnabled(bool enabled) {
+  Control::SetEnabled(enabled);
+  ShowConstituents();
+}
+
 void DateSelect::SetDisableSelection(bool disable) {
   disableSelection_ = disable;
-  cboSelection_->SetEnabled(!disable);
+  cboSelection_->SetEnabled(Enabled() && !disable);
   PropertyChanged("DisableSelection");
 }
 
