@@ -1,19 +1,59 @@
 #include "host/check_box.hpp"
 
 #include "common/control_error.hpp"
+#include "host/persisted_objects.hpp"
+#include "host/standard_text.hpp"
+#include "platform/platform.hpp"
 
 namespace tarnbrook {
+namespace {
+
+constexpr int32_t CaptionGap = 4; // between the box and its caption
+
+// The classic check mark: three pixels thick, seven wide, in the box's 9 x 9 inside.
+void DrawCheckMark(Canvas& canvas, int32_t left, int32_t top, COLORREF color) {
+  constexpr int32_t Tops[] = {3, 4, 5, 4, 3, 2, 1}; // column by column, left + 1 onwards
+  for (int32_t column = 0; column < 7; ++column)
+    canvas.FillRect(
+        {left + 1 + column, top + Tops[column], left + 2 + column, top + Tops[column] + 3}, color);
+}
+
+COLORREF Sys(int index) {
+  return static_cast<COLORREF>(GetSysColor(index));
+}
+
+} // namespace
 
 CheckBox::CheckBox(HWND parent) : Control(parent) {}
 
 CheckBox::~CheckBox() = default;
 
-void CheckBox::InitProperties() {}
-void CheckBox::ReadProperties(PropertyBag&) {}
-void CheckBox::WriteProperties(PropertyBag&) {}
+void CheckBox::InitProperties() {
+  font_ = Site().AmbientFont();
+  Refresh();
+}
+
+void CheckBox::ReadProperties(PropertyBag& bag) {
+  SetFont(*ObjectOf<tarnbrook::Font>(bag.ReadProperty("Font", FontVariant(Site().AmbientFont()))));
+  SetAlignment(bag.ReadProperty("Alignment", int32_t(0)).ToLong());
+  SetBackColor(bag.ReadProperty("BackColor", vbButtonFace).ToLong());
+  SetForeColor(bag.ReadProperty("ForeColor", vbButtonText).ToLong());
+  SetCaption(bag.ReadProperty("Caption", "").ToString());
+  SetValue(bag.ReadProperty("Value", int32_t(vbUnchecked)).ToLong());
+}
+
+void CheckBox::WriteProperties(PropertyBag& bag) {
+  bag.WriteProperty("Font", FontVariant(font_), FontVariant(Site().AmbientFont()));
+  bag.WriteProperty("Alignment", alignment_, int32_t(0));
+  bag.WriteProperty("BackColor", backColor_, vbButtonFace);
+  bag.WriteProperty("ForeColor", foreColor_, vbButtonText);
+  bag.WriteProperty("Caption", caption_, "");
+  bag.WriteProperty("Value", value_, int32_t(vbUnchecked));
+}
 
 void CheckBox::SetCaption(const std::string& caption) {
   caption_ = caption;
+  PropertyChanged("Caption");
   Refresh();
 }
 
@@ -23,22 +63,26 @@ void CheckBox::SetValue(int32_t value) {
   if (value == value_)
     return;
   value_ = value;
+  PropertyChanged("Value");
   Refresh();
   events_.Raise(&CheckBoxEvents::Click);
 }
 
 void CheckBox::SetBackColor(OleColor color) {
   backColor_ = color;
+  PropertyChanged("BackColor");
   Refresh();
 }
 
 void CheckBox::SetForeColor(OleColor color) {
   foreColor_ = color;
+  PropertyChanged("ForeColor");
   Refresh();
 }
 
 void CheckBox::SetFont(const tarnbrook::Font& font) {
   font_ = font;
+  PropertyChanged("Font");
   Refresh();
 }
 
@@ -46,25 +90,129 @@ void CheckBox::SetAlignment(int32_t alignment) {
   if (alignment < 0 || alignment > 1)
     RaiseRuntimeError(rtInvalidPropertyValue);
   alignment_ = alignment;
+  PropertyChanged("Alignment");
   Refresh();
 }
 
-void CheckBox::OnPaint() {}
-void CheckBox::OnMouseDown(int16_t, int16_t, float, float) {}
-void CheckBox::OnMouseMove(int16_t, int16_t, float, float) {}
-void CheckBox::OnMouseUp(int16_t, int16_t, float, float) {}
-void CheckBox::OnDblClick() {}
-void CheckBox::OnKeyDown(int16_t&, int16_t) {}
-void CheckBox::OnKeyUp(int16_t&, int16_t) {}
-void CheckBox::OnGotFocus() {}
-void CheckBox::OnLostFocus() {}
-
 void CheckBox::SetEnabled(bool enabled) {
+  if (!enabled) {
+    mouseHeld_ = spaceHeld_ = false;
+    pushed_ = false;
+  }
   Control::SetEnabled(enabled);
   Refresh();
 }
 
-void CheckBox::Toggle() {}
-void CheckBox::SetPushed(bool) {}
+// A grayed box becomes checked, as the classic automatic check box does.
+void CheckBox::Toggle() {
+  SetValue(value_ == vbChecked ? vbUnchecked : vbChecked);
+}
+
+void CheckBox::SetPushed(bool pushed) {
+  if (pushed == pushed_)
+    return;
+  pushed_ = pushed;
+  Refresh();
+}
+
+void CheckBox::OnPaint() {
+  cMDC& surface = Surface();
+  if (!surface.hDC())
+    return;
+  SelectFont(surface, font_);
+  Canvas& canvas = *Canvas::FromHandle(surface.hDC());
+  int32_t width = surface.Width(), height = surface.Height();
+  canvas.FillRect({0, 0, width, height}, static_cast<COLORREF>(TranslateColor(backColor_)));
+  bool enabled = Enabled();
+
+  // The box: a sunken edge around a well that turns grey while pressed, disabled or grayed.
+  int32_t boxLeft = alignment_ == 1 ? width - BoxSize : 0;
+  Rect box{boxLeft, (height - BoxSize) / 2, boxLeft + BoxSize, (height - BoxSize) / 2 + BoxSize};
+  Rect well = canvas.DrawEdge(box, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+  bool greyWell = pushed_ || !enabled || value_ == vbGrayed;
+  canvas.FillRect(well, Sys(greyWell ? COLOR_BTNFACE : COLOR_WINDOW));
+  if (value_ != vbUnchecked)
+    DrawCheckMark(canvas, well.left, well.top,
+                  Sys(enabled && value_ == vbChecked ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
+
+  // The caption beside it, centred on the box; the focus rectangle goes round it.
+  Size caption = MeasureLine(font_, caption_, true);
+  Rect text{0, (height - caption.cy) / 2, 0, 0};
+  text.bottom = text.top + caption.cy;
+  if (alignment_ == 1) {
+    text.right = box.left - CaptionGap;
+    text.left = std::max(0, text.right - caption.cx);
+  } else {
+    text.left = box.right + CaptionGap;
+    text.right = std::min(width, text.left + caption.cx);
+  }
+  canvas.SetBkMode(TRANSPARENT);
+  constexpr uint32_t Flags = DT_LEFT | DT_SINGLELINE;
+  if (!enabled) {
+    canvas.SetTextColor(Sys(COLOR_BTNHIGHLIGHT));
+    canvas.DrawText(caption_, Rect{text.left + 1, text.top + 1, text.right + 1, text.bottom + 1},
+                    Flags);
+    canvas.SetTextColor(Sys(COLOR_GRAYTEXT));
+  } else {
+    canvas.SetTextColor(static_cast<COLORREF>(TranslateColor(foreColor_)));
+  }
+  canvas.DrawText(caption_, text, Flags);
+  if (enabled && !caption_.empty() && Platform::Current().GetFocus() == hWnd())
+    canvas.DrawFocusRect({text.left - 1, text.top, text.right + 1, text.bottom});
+}
+
+// A press pushes the box; the release over the control toggles it.
+void CheckBox::OnMouseDown(int16_t button, int16_t, float, float) {
+  if (button != vbLeftButton)
+    return;
+  mouseHeld_ = true;
+  SetPushed(true);
+}
+
+void CheckBox::OnDblClick() {
+  OnMouseDown(vbLeftButton, 0, 0, 0); // a quick second click is a click as well
+}
+
+void CheckBox::OnMouseMove(int16_t, int16_t, float x, float y) {
+  if (mouseHeld_)
+    SetPushed(x >= 0 && y >= 0 && x < float(ScaleWidth()) && y < float(ScaleHeight()));
+}
+
+void CheckBox::OnMouseUp(int16_t button, int16_t, float, float) {
+  if (button != vbLeftButton || !mouseHeld_)
+    return;
+  mouseHeld_ = false;
+  bool over = pushed_;
+  SetPushed(spaceHeld_);
+  if (over)
+    Toggle();
+}
+
+// Space works as the mouse does: down pushes, up toggles.
+void CheckBox::OnKeyDown(int16_t& keyCode, int16_t) {
+  if (keyCode == VK_SPACE && !spaceHeld_) {
+    spaceHeld_ = true;
+    SetPushed(true);
+  }
+}
+
+void CheckBox::OnKeyUp(int16_t& keyCode, int16_t) {
+  if (keyCode != VK_SPACE || !spaceHeld_)
+    return;
+  spaceHeld_ = false;
+  SetPushed(mouseHeld_);
+  Toggle();
+}
+
+void CheckBox::OnGotFocus() {
+  Refresh();
+}
+
+// The focus going takes a held Space with it.
+void CheckBox::OnLostFocus() {
+  spaceHeld_ = false;
+  pushed_ = mouseHeld_ && pushed_;
+  Refresh();
+}
 
 } // namespace tarnbrook

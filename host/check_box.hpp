@@ -54,6 +54,9 @@ public:
   int32_t Alignment() const { return alignment_; }
   void SetAlignment(int32_t alignment);
 
+  // Repaints in the disabled look.
+  void SetEnabled(bool enabled) override;
+
 protected:
   void OnPaint() override;
   void OnMouseDown(int16_t button, int16_t shift, float x, float y) override;
@@ -64,7 +67,6 @@ protected:
   void OnKeyUp(int16_t& keyCode, int16_t shift) override;
   void OnGotFocus() override;
   void OnLostFocus() override;
-  void SetEnabled(bool enabled) override;
 
 private:
   void Toggle();
@@ -77,7 +79,6 @@ private:
   OleColor foreColor_ = vbButtonText;
   tarnbrook::Font font_;
   int32_t alignment_ = 0;
-  bool focused_ = false;
   bool mouseHeld_ = false; // the left button went down over the box and is still down
   bool spaceHeld_ = false;
   bool pushed_ = false; // drawn pressed: held and over the control

@@ -37,10 +37,12 @@ public:
   int32_t CaptionWidth() const;
   int32_t CaptionHeight() const;
 
+  // Repaints in the disabled look.
+  void SetEnabled(bool enabled) override;
+
 protected:
   void OnPaint() override;
   bool Focusable() const override { return false; }
-  void SetEnabled(bool enabled) override;
 
 private:
   std::string caption_;

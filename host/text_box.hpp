@@ -1,6 +1,8 @@
 #pragma once
+#include <algorithm>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "common/font.hpp"
 #include "common/ole_color.hpp"
@@ -22,6 +24,10 @@ public:
   // A typed character; setting KeyAscii to 0 drops it.
   virtual void KeyPress(int16_t& /*KeyAscii*/) {}
 };
+
+// The process's clipboard, shared by every text box (Ctrl+C, Ctrl+X, Ctrl+V).
+std::string ClipboardText();
+void SetClipboardText(const std::string& text);
 
 enum TextBoxEventId {
   txtEventChange = 1,
@@ -87,6 +93,9 @@ public:
   bool ShowFocusRect() const { return showFocusRect_; }
   void SetShowFocusRect(bool show);
 
+  // Repaints in the disabled look.
+  void SetEnabled(bool enabled) override;
+
   // The caret's place in characters (the moving end of the selection).
   int32_t CaretPosition() const;
 
@@ -102,28 +111,34 @@ protected:
   void OnGotFocus() override;
   void OnLostFocus() override;
   void OnValidate(bool& cancel) override;
-  void SetEnabled(bool enabled) override;
 
 private:
-  // Byte offsets into text_ of the selection's fixed end (anchor) and moving end (caret).
-  size_t Anchor() const { return anchor_; }
-  void Select(size_t anchor, size_t caret);
-  void ReplaceSelection(const std::string& text, bool byUser);
-  void Edited(std::string text, size_t caret);
-  size_t CharCount() const;
+  void Select(size_t anchor, size_t caret); // byte offsets
+  void Replace(size_t from, size_t to, const std::string& text);
+  bool InsertTyped(std::string text);
+  void DeleteByKey(bool forward);
+  void CopySelection();
+  size_t SelectionBegin() const { return std::min(anchor_, caret_); }
+  size_t SelectionEnd() const { return std::max(anchor_, caret_); }
   size_t ByteOfChar(int32_t index) const;
   int32_t CharOfByte(size_t byte) const;
   size_t PreviousChar(size_t byte) const;
   size_t NextChar(size_t byte) const;
+  size_t WordStart(size_t byte) const;
+  size_t WordEnd(size_t byte) const;
+  const std::vector<int32_t>& Edges();
+  int32_t EdgeOf(size_t byte);
+  Rect TextArea() const;
+  int32_t TextLeft();
   size_t ByteAtX(float x);
-  void Layout();
   void KeepCaretVisible();
-  void Changed();
+  void Beep();
 
   EventSource<TextBoxEvents> events_;
   std::string text_;
-  size_t anchor_ = 0;
-  size_t caret_ = 0;
+  size_t anchor_ = 0;          // the fixed end of the selection, a byte offset
+  size_t caret_ = 0;           // the moving end, where the caret stands
+  std::vector<int32_t> edges_; // pixel advance of every character boundary; empty when stale
   int32_t maxLength_ = 0;
   bool locked_ = false;
   int32_t alignment_ = 0;
@@ -132,7 +147,6 @@ private:
   tarnbrook::Font font_;
   int32_t borderStyle_ = 1;
   bool showFocusRect_ = false;
-  bool focused_ = false;
   bool dragging_ = false;
   int32_t scroll_ = 0; // pixels of text scrolled off to the left
 };

@@ -1,0 +1,48 @@
+#include "host/standard_text.hpp"
+
+#include <vector>
+
+namespace tarnbrook {
+namespace {
+
+// A surface of its own to measure on, so that a control measures before it has a size.
+cMDC& Probe(const Font& font) {
+  thread_local cMDC probe;
+  if (!probe.hDC())
+    probe.Resize(1, 1);
+  SelectFont(probe, font);
+  return probe;
+}
+
+bool IsContinuationByte(char c) {
+  return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
+} // namespace
+
+void SelectFont(cMDC& surface, const Font& font) {
+  surface.SetFont(font.Name, font.Size, font.Bold, font.Italic, font.Strikethrough, font.Underline);
+}
+
+Size MeasureLine(const Font& font, std::string_view text, bool mnemonics) {
+  Canvas& canvas = *Canvas::FromHandle(Probe(font).hDC());
+  int32_t lineHeight = canvas.GetTextExtent("Ag").cy;
+  if (text.empty())
+    return {0, lineHeight};
+  Rect bounds;
+  canvas.DrawText(text, &bounds, DT_CALCRECT | DT_SINGLELINE | (mnemonics ? 0 : DT_NOPREFIX));
+  return {bounds.Width(), lineHeight};
+}
+
+std::vector<int32_t> CharacterEdges(const Font& font, std::string_view text) {
+  Canvas& canvas = *Canvas::FromHandle(Probe(font).hDC());
+  std::vector<int32_t> edges{0};
+  for (size_t end = 1; end <= text.size(); ++end) {
+    if (end < text.size() && IsContinuationByte(text[end]))
+      continue;
+    edges.push_back(canvas.GetTextExtent(text.substr(0, end)).cx);
+  }
+  return edges;
+}
+
+} // namespace tarnbrook
