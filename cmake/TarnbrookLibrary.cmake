@@ -1,17 +1,32 @@
-# tarnbrook_library(<folder> LINKS <targets...>)
-# One static library per folder from the .cpp files directly in it.
-function(tarnbrook_library folder)
-  cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
+include(GNUInstallDirs)
+set(TARNBROOK_INCLUDE_DIR ${CMAKE_INSTALL_INCLUDEDIR}/tarnbrook)
+
+# tarnbrook_library(<name> LINKS <targets...> [PRIVATE_HEADERS <files...>])
+# One library per folder from the .cpp files directly in it (static unless BUILD_SHARED_LIBS),
+# installed with its public headers under include/tarnbrook/<folder>/ and exported as
+# Tarnbrook::<name>. Headers named PRIVATE_HEADERS stay in the source tree.
+function(tarnbrook_library name)
+  cmake_parse_arguments(ARG "" "" "LINKS;PRIVATE_HEADERS" ${ARGN})
+  set(target tarnbrook_${name})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
-  if(NOT sources) # a folder whose code is still only headers
-    add_library(tarnbrook_${folder} INTERFACE)
-    target_include_directories(tarnbrook_${folder} INTERFACE ${PROJECT_SOURCE_DIR})
-    target_link_libraries(tarnbrook_${folder} INTERFACE ${ARG_LINKS})
-    return()
-  endif()
-  add_library(tarnbrook_${folder} STATIC ${sources})
-  target_include_directories(tarnbrook_${folder} PUBLIC ${PROJECT_SOURCE_DIR})
-  target_link_libraries(tarnbrook_${folder} PUBLIC ${ARG_LINKS})
+  add_library(${target} ${sources})
+  add_library(Tarnbrook::${name} ALIAS ${target})
+  target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+                                              $<INSTALL_INTERFACE:${TARNBROOK_INCLUDE_DIR}>)
+  target_link_libraries(${target} PUBLIC ${ARG_LINKS})
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} VERSION ${PROJECT_VERSION}
+                                             SOVERSION ${PROJECT_VERSION_MAJOR})
+  install(TARGETS ${target} EXPORT TarnbrookTargets
+          ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+          LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+
+  file(RELATIVE_PATH folder ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
+  file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.hpp)
+  foreach(private IN LISTS ARG_PRIVATE_HEADERS)
+    list(REMOVE_ITEM headers ${CMAKE_CURRENT_SOURCE_DIR}/${private})
+  endforeach()
+  install(FILES ${headers} DESTINATION ${TARNBROOK_INCLUDE_DIR}/${folder})
+  set_property(GLOBAL APPEND PROPERTY TARNBROOK_LIBRARIES ${target})
 endfunction()
 
 # tarnbrook_tests(<folder> LINKS <targets...>): one GoogleTest program per test folder.
