@@ -1,0 +1,189 @@
+#include "date_select_fixture.hpp"
+
+namespace tarnbrook {
+namespace {
+
+struct Expected {
+  int32_t option;
+  DateValue start;
+  DateValue end;
+};
+
+// Monday 10 May 2004; the week starts on Sunday (the locale's day) or on Monday.
+TEST_F(DateSelectTest, EveryComputedOptionFromAMondayWithWeeksFromSundayOrMonday) {
+  const DateValue may10 = DateSerial(2004, 5, 10);
+  const std::vector<Expected> shared = {
+      {dtsLast7days, DateSerial(2004, 5, 4), may10},
+      {dtsLast30days, DateSerial(2004, 4, 11), may10},
+      {dtsThisMonthTillToday, DateSerial(2004, 5, 1), may10},
+      {dtsThisYearTillToday, DateSerial(2004, 1, 1), may10},
+      {dtsLastMonth, DateSerial(2004, 4, 1), DateSerial(2004, 4, 30)},
+      {dtsLastYear, DateSerial(2003, 1, 1), DateSerial(2003, 12, 31)},
+      {dtsMonth, DateSerial(2004, 5, 1), DateSerial(2004, 5, 31)},
+      {dtsYear, DateSerial(2004, 1, 1), DateSerial(2004, 12, 31)},
+  };
+  const std::vector<std::pair<int, std::vector<Expected>>> weekly = {
+      {vbUseSystemDayOfWeek,
+       {{dtsThisWeekTillToday, DateSerial(2004, 5, 9), may10},
+        {dtsLastWeek, DateSerial(2004, 5, 2), DateSerial(2004, 5, 8)}}},
+      {vbMonday,
+       {{dtsThisWeekTillToday, may10, may10},
+        {dtsLastWeek, DateSerial(2004, 5, 3), DateSerial(2004, 5, 9)}}},
+  };
+  for (const auto& [firstDay, weeks] : weekly) {
+    ds->SetFirstDayofWeek(firstDay);
+    std::vector<Expected> all = shared;
+    all.insert(all.end(), weeks.begin(), weeks.end());
+    for (const Expected& e : all) {
+      SCOPED_TRACE(testing::Message() << "first day " << firstDay << ", option " << e.option);
+      Select(dtsMonth); // the month and year that Last Month and Last Year leave behind
+      ds->SetSelectedMonth(5);
+      ds->SetSelectedYear(2004);
+      Select(e.option);
+      EXPECT_EQ(Range(), Days(e.start, e.end));
+    }
+  }
+  Select(dtsToday);
+  EXPECT_EQ(ds->StartDate(), may10);
+  EXPECT_EQ(ds->dtpFrom().Value().ToDate(), may10); // a whole day, not the time of now
+}
+
+TEST_F(DateSelectTest, WeeksStartOnTheLocalesDayUnlessTheControlNamesOne) {
+  LocaleGuard guard;
+  Locale mondays = Locale::EnglishUS();
+  mondays.FirstDayOfWeek = vbMonday;
+  SetCurrentLocale(mondays);
+  Select(dtsThisWeekTillToday);
+  EXPECT_EQ(Range(), Days(DateSerial(2004, 5, 10), DateSerial(2004, 5, 10)));
+  ds->SetFirstDayofWeek(vbSaturday);
+  Select(dtsLastWeek);
+  EXPECT_EQ(Range(), Days(DateSerial(2004, 5, 1), DateSerial(2004, 5, 7)));
+}
+
+TEST_F(DateSelectTest, TheLastOptionsTakeTheControlsYearAndMonthWithThem) {
+  SetToday(2004, 1, 15);
+  Select(dtsLastMonth);
+  EXPECT_EQ(Range(), Days(DateSerial(2003, 12, 1), DateSerial(2003, 12, 31)));
+  EXPECT_EQ(ds->SelectedYear(), 2003);
+  EXPECT_EQ(ds->SelectedMonth(), 12);
+  EXPECT_EQ(ds->spnYear().Value(), 2003);
+  EXPECT_EQ(ds->cboMonth().ListIndex(), 11);
+
+  // Only the Month option follows a new month; Last Month keeps its dates.
+  ds->SetSelectedMonth(7);
+  EXPECT_EQ(ds->StartDate(), DateSerial(2003, 12, 1));
+
+  ds->SetSelectedYear(2010);
+  Select(dtsLastYear);
+  EXPECT_EQ(ds->SelectedYear(), 2003);
+  EXPECT_EQ(Range(), Days(DateSerial(2003, 1, 1), DateSerial(2003, 12, 31)));
+}
+
+TEST_F(DateSelectTest, TheFirstDayOfTheWeekMonthAndYear) {
+  SetToday(2004, 5, 9); // a Sunday, the first day of the week
+  Select(dtsThisWeekTillToday);
+  EXPECT_EQ(Range(), Days(DateSerial(2004, 5, 9), DateSerial(2004, 5, 9)));
+  Select(dtsLastWeek);
+  EXPECT_EQ(Range(), Days(DateSerial(2004, 5, 2), DateSerial(2004, 5, 8)));
+  Custom(1, dtsWeeks, false);
+  EXPECT_EQ(Range(), Days(DateSerial(2004, 5, 3), DateSerial(2004, 5, 9)));
+
+  SetToday(2004, 3, 1);
+  Select(dtsThisMonthTillToday);
+  EXPECT_EQ(Range(), Days(DateSerial(2004, 3, 1), DateSerial(2004, 3, 1)));
+  Select(dtsLastMonth);
+  EXPECT_EQ(Range(), Days(DateSerial(2004, 2, 1), DateSerial(2004, 2, 29)));
+  Custom(1, dtsMonths, false);
+  EXPECT_EQ(Range(), Days(DateSerial(2004, 2, 1), DateSerial(2004, 2, 29)));
+
+  SetToday(2004, 1, 1);
+  Select(dtsThisYearTillToday);
+  EXPECT_EQ(Range(), Days(DateSerial(2004, 1, 1), DateSerial(2004, 1, 1)));
+  Select(dtsLastYear);
+  EXPECT_EQ(Range(), Days(DateSerial(2003, 1, 1), DateSerial(2003, 12, 31)));
+  Custom(2, dtsYears, false);
+  EXPECT_EQ(Range(), Days(DateSerial(2002, 1, 1), DateSerial(2003, 12, 31)));
+  Custom(2, dtsYears, true);
+  EXPECT_EQ(Range(), Days(DateSerial(2002, 1, 1), DateSerial(2004, 1, 1)));
+}
+
+TEST_F(DateSelectTest, CustomRangesEndYesterdayOrTodayAndWeeksKeepTheirOneDayShift) {
+  Custom(3, dtsDays, false);
+  EXPECT_EQ(Range(), Days(DateSerial(2004, 5, 7), DateSerial(2004, 5, 9)));
+  Custom(3, dtsDays, true);
+  EXPECT_EQ(Range(), Days(DateSerial(2004, 5, 7), DateSerial(2004, 5, 10)));
+  // Weeks end on the first day of this week, not the last day of the previous one.
+  Custom(1, dtsWeeks, false);
+  EXPECT_EQ(Range(), Days(DateSerial(2004, 5, 3), DateSerial(2004, 5, 9)));
+  ds->SetFirstDayofWeek(vbMonday);
+  Custom(2, dtsWeeks, false);
+  EXPECT_EQ(Range(), Days(DateSerial(2004, 4, 27), DateSerial(2004, 5, 10)));
+  Custom(3, dtsMonths, true);
+  EXPECT_EQ(Range(), Days(DateSerial(2004, 2, 1), DateSerial(2004, 5, 10)));
+
+  // A number that is not one counts as nothing: no days back, ending yesterday.
+  Custom(3, dtsDays, false);
+  ds->txtCustomRange().SetText("abc");
+  EXPECT_EQ(Range(), Days(DateSerial(2004, 5, 10), DateSerial(2004, 5, 9)));
+  EXPECT_EQ(ds->CustomRange(), 0);
+  ds->txtCustomRange().SetText("2.5");
+  EXPECT_EQ(ds->CustomRange(), 2); // rounded half to even
+  ds->txtCustomRange().SetText("3.5");
+  EXPECT_EQ(ds->CustomRange(), 4);
+}
+
+TEST_F(DateSelectTest, MonthAndYearComeFromTheSelectedValuesAndDatesTheUserEntersAreKept) {
+  ds->SetSelectedYear(2000);
+  ds->SetSelectedMonth(2);
+  Select(dtsMonth);
+  EXPECT_EQ(Range(), Days(DateSerial(2000, 2, 1), DateSerial(2000, 2, 29)));
+  ds->SetSelectedMonth(12);
+  EXPECT_EQ(Range(), Days(DateSerial(2000, 12, 1), DateSerial(2000, 12, 31)));
+  Select(dtsYear);
+  EXPECT_EQ(Range(), Days(DateSerial(2000, 1, 1), DateSerial(2000, 12, 31)));
+
+  Select(dtsLast30days);
+  for (int32_t option : {dtsDate, dtsDateRange, dtsExpression}) {
+    Select(option);
+    EXPECT_EQ(Range(), Days(DateSerial(2004, 4, 11), DateSerial(2004, 5, 10))) << option;
+  }
+}
+
+TEST_F(DateSelectTest, ComputedOptionsDisableTheirFieldsAndTheFlagsOnlyTakeEnablingAway) {
+  auto enabled = [&](int32_t option, Control& control) {
+    Select(option);
+    return control.Enabled();
+  };
+  for (int32_t option : {dtsToday, dtsLast7days, dtsLastWeek, dtsLastMonth, dtsLastYear})
+    EXPECT_FALSE(enabled(option, ds->dtpFrom()) || enabled(option, ds->spnYear())) << option;
+  EXPECT_FALSE(enabled(dtsLastMonth, ds->cboMonth()));
+  for (int32_t option : {dtsDate, dtsDateRange, dtsExpression})
+    EXPECT_TRUE(enabled(option, ds->dtpFrom())) << option;
+  EXPECT_TRUE(enabled(dtsDateRange, ds->dtpTo()));
+  EXPECT_TRUE(enabled(dtsExpression, ds->cboOperator()));
+  EXPECT_TRUE(enabled(dtsMonth, ds->cboMonth()) && enabled(dtsMonth, ds->spnYear()));
+  EXPECT_TRUE(enabled(dtsYear, ds->spnYear()));
+  EXPECT_TRUE(enabled(dtsCustomRange, ds->txtCustomRange()) &&
+              enabled(dtsCustomRange, ds->cboCustomChoice()) &&
+              enabled(dtsCustomRange, ds->chkCustom()));
+
+  ds->SetDisableStartDate(true);
+  ds->SetDisableEndDate(true);
+  ds->SetDisableCustomSelection(true);
+  EXPECT_FALSE(enabled(dtsDate, ds->dtpFrom()));
+  EXPECT_FALSE(enabled(dtsExpression, ds->dtpFrom()));
+  EXPECT_FALSE(enabled(dtsDateRange, ds->dtpTo()));
+  EXPECT_FALSE(enabled(dtsCustomRange, ds->cboCustomChoice()));
+  EXPECT_TRUE(ds->txtCustomRange().Enabled());
+
+  ds->SetDisableStartDate(false); // a cleared flag gives back only what the option allows
+  EXPECT_FALSE(enabled(dtsLast30days, ds->dtpFrom()));
+  EXPECT_TRUE(enabled(dtsDateRange, ds->dtpFrom()));
+  EXPECT_FALSE(ds->dtpTo().Enabled());
+
+  ds->SetDisableSelection(true);
+  EXPECT_FALSE(ds->cboSelection().Enabled());
+}
+
+} // namespace
+} // namespace tarnbrook
