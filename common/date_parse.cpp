@@ -241,7 +241,13 @@ std::optional<CivilDate> DateFromNumbers(const std::vector<DateNumber>& numbers,
   if (numbers[0].IsYear()) {
     return ValidDate(numbers[0].value, numbers[1].value, numbers[2].value);
   }
-  const std::string order = FieldOrder(locale.ShortDatePattern);
+  std::string order = FieldOrder(locale.ShortDatePattern);
+  if (numbers[2].IsYear()) {
+    // A year written last stands last whatever the locale's order ("1/1/1601" in a locale
+    // that writes the year first); day and month keep their order.
+    order.erase(order.find('Y'), 1);
+    order += 'Y';
+  }
   int day = 0, month = 0, year = 0;
   for (size_t i = 0; i < 3; ++i) {
     (order[i] == 'D' ? day : order[i] == 'M' ? month : year) = numbers[i].value;

@@ -7,6 +7,7 @@ namespace tarnbrook {
 namespace {
 
 struct PickerPatterns {
+  std::string Locale; // the locale they were read for
   std::string LongDate;
   std::string ShortDate;
   std::string Time;
@@ -19,9 +20,11 @@ PickerPatterns& Patterns() {
 
 } // namespace
 
+// Read once per locale: a program that changes its locale gets the new patterns.
 void LoadPickerPatterns() {
   PickerPatterns& patterns = Patterns();
-  if (patterns.LongDate.empty()) {
+  if (patterns.LongDate.empty() || patterns.Locale != CurrentLocale().Name) {
+    patterns.Locale = CurrentLocale().Name;
     patterns.LongDate = ReadLocaleItem(LOCALE_SLONGDATE);
     patterns.ShortDate = ReadLocaleItem(LOCALE_SSHORTDATE);
     patterns.Time = ReadLocaleItem(LOCALE_STIMEFORMAT);

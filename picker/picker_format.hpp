@@ -11,9 +11,9 @@ enum dtpFormats : int {
   dtpCustom = 3,
 };
 
-// Reads the user's long date, short date and time patterns once per process: only while the
-// kept long date pattern is still empty, so a later change of locale is not seen. A picker
-// calls it when it is created.
+// Reads the user's long date, short date and time patterns once per locale: again only when
+// the current locale's name differs from the one they were read for. A picker calls it when
+// it is created.
 void LoadPickerPatterns();
 
 // The format string for `format`: a kept locale pattern, or `customFormat` for dtpCustom;

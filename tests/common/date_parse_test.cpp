@@ -87,6 +87,11 @@ TEST(CDate, DayMonthOrderFollowsTheShortDatePattern) {
   Locale yearFirst = Locale::EnglishUS();
   yearFirst.ShortDatePattern = "yy/MM/dd";
   EXPECT_EQ(CDate("26/11/21", yearFirst), At(2026, 11, 21));
+  // A four-digit year written last is the year whatever the order: the controls' limits.
+  EXPECT_EQ(CDate("1/1/1601", yearFirst), At(1601, 1, 1));
+  EXPECT_EQ(CDate("12/31/9999", yearFirst), At(9999, 12, 31));
+  yearFirst.ShortDatePattern = "yyyy/dd/MM"; // day before month, after the year
+  EXPECT_EQ(CDate("2/1/2026", yearFirst), At(2026, 1, 2));
 }
 
 TEST(CDate, ReadsBackWhatFormatDateWrites) {

@@ -60,7 +60,7 @@ TEST_F(FormatCutterTest, TokensTakeTheLongestMatchLiteralsGatherWithTheLocalesSe
   EXPECT_EQ(Masks("dd/MM/yyyy HH:mm \\/"), "dd [.] MM [.] yyyy [ ] HH [-] nn [ /]");
 }
 
-TEST_F(FormatCutterTest, LocalePatternsAreReadOncePerProcess) {
+TEST_F(FormatCutterTest, LocalePatternsAreReadOncePerLocale) {
   const std::string longDate = PickerFormatString(dtpLongDate, "");
   const std::string time = PickerFormatString(dtpTime, "");
   Locale other = CurrentLocale();
@@ -71,6 +71,11 @@ TEST_F(FormatCutterTest, LocalePatternsAreReadOncePerProcess) {
   EXPECT_EQ(PickerFormatString(dtpLongDate, "") + PickerFormatString(dtpTime, ""), longDate + time);
   EXPECT_EQ(PickerFormatString(dtpCustom, "'Week' d"), "'Week' d");
   EXPECT_EQ(PickerFormatString(4, "d"), "");
+  other.Name = "xx-XX"; // another locale: its own patterns
+  SetCurrentLocale(other);
+  EXPECT_EQ(PickerFormatString(dtpLongDate, ""), "yyyy MMMM");
+  SetCurrentLocale(Locale::EnglishUS());
+  EXPECT_EQ(PickerFormatString(dtpLongDate, ""), longDate);
 }
 
 // A long date with its month selected, written out to be looked at: the selected field on the
