@@ -73,34 +73,25 @@ protected:
     log.Take();
   }
 
-  // The dates as one pair, for comparing whole ranges at once.
+  // The dates as one pair, so whole ranges compare at once.
   std::pair<DateValue, DateValue> Range() const { return {ds->StartDate(), ds->EndDate()}; }
-  static std::pair<DateValue, DateValue> Days(DateValue start, DateValue end) {
-    return {start, end};
-  }
+  static std::pair<DateValue, DateValue> Days(DateValue from, DateValue to) { return {from, to}; }
 
-  // The texts of the option list, in list order.
-  Log Offered() {
+  // The entries of a list, in list order.
+  static Log Items(ComboListX& list) {
     Log texts;
-    for (int32_t i = 0; i < ds->cboSelection().ListCount(); ++i)
-      texts.push_back(ds->cboSelection().List(i));
+    for (int32_t i = 0; i < list.ListCount(); ++i)
+      texts.push_back(list.List(i));
     return texts;
   }
+  Log Offered() { return Items(ds->cboSelection()); }
 
-  // A person's click in the middle of a constituent, or at a point of its client area.
-  void ClickOn(Control& control) {
-    ClickAt(control, control.ScaleWidth() / 2, control.ScaleHeight() / 2);
-  }
-  void ClickAt(Control& control, int32_t x, int32_t y) {
-    const Point p = platform.ClientToScreen(control.hWnd(), {x, y});
+  // A person's click at a point of a constituent's client area, by default its middle.
+  void ClickAt(Control& control, int32_t x = -1, int32_t y = -1) {
+    const Point p =
+        platform.ClientToScreen(control.hWnd(), {x < 0 ? control.ScaleWidth() / 2 : x,
+                                                 y < 0 ? control.ScaleHeight() / 2 : y});
     platform.Click(p.x, p.y);
-  }
-  // A constituent's place in the control's client area.
-  Rect PlaceOf(Control& control) {
-    const Rect screen = platform.GetWindowRect(control.hWnd());
-    const Point origin = platform.ClientToScreen(ds->hWnd(), {0, 0});
-    return {screen.left - origin.x, screen.top - origin.y, screen.right - origin.x,
-            screen.bottom - origin.y};
   }
 
   const Log& ChangedKeys() { return form.ChangedKeys(Name); }

@@ -3,21 +3,12 @@
 namespace tarnbrook {
 namespace {
 
-const Log AllTexts = {"Today",
-                      "Date",
-                      "DateRange",
-                      "Last 7 days",
-                      "Last 30 days",
-                      "This Week Till Today",
-                      "This Month Till Today",
-                      "This Year Till Today",
-                      "Last Week",
-                      "Last Month",
-                      "Last Year",
-                      "Custom Range",
-                      "Expression",
-                      "Month",
-                      "Year"};
+// clang-format off
+const Log AllTexts = {"Today", "Date", "DateRange", "Last 7 days", "Last 30 days",
+                      "This Week Till Today", "This Month Till Today", "This Year Till Today",
+                      "Last Week", "Last Month", "Last Year", "Custom Range", "Expression",
+                      "Month", "Year"};
+// clang-format on
 
 TEST_F(DateSelectTest, ANewControlOffersAllFifteenOptionsWithTheirIndexAsItemData) {
   EXPECT_EQ(Offered(), AllTexts);
