@@ -223,8 +223,10 @@ void ComboListX::Layout() {
   button_.Enabled = Enabled();
   if (buttonStyle_ == FlatButtonStyle)
     button_.Move(1, left + 1, height - 2, buttonWidth_ - 2);
-  // The field's height is its own (set by its font); Move only places it.
-  cbo_->Move(border, border, std::max(0, left - border), cbo_->FieldHeight());
+  // The field's height is its own (set by its font); Move only places it, in the middle of
+  // a frame taller than it needs.
+  const int32_t field = cbo_->FieldHeight();
+  cbo_->Move(border, std::max(border, (height - field) / 2), std::max(0, left - border), field);
 }
 
 int32_t ComboListX::BorderWidth() const {

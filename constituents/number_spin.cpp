@@ -21,6 +21,7 @@ constexpr uint32_t FirstRepeatDelay = 750; // ms; also the pause that ends typin
 constexpr uint32_t RepeatInterval = 100;   // ms
 constexpr uint32_t DoubleClickPause = 100; // ms the button stays down on a double click
 constexpr int32_t TextMargin = 2;          // the focus rectangle lies between border and text
+constexpr int32_t TextIndent = 3;          // from the border to the number
 
 const char* const UpTag = "UpButton";
 const char* const DownTag = "DownButton";
@@ -143,7 +144,8 @@ int32_t NumberSpin::PreferredHeight() const {
   probe.Resize(1, 1);
   probe.SetFont(font_.Name, font_.Size, font_.Bold, font_.Italic, font_.Strikethrough,
                 font_.Underline);
-  return probe.TextHeight("0123456789") + 2 * (TextMargin + BorderWidth());
+  // A line of text as a list entry measures it, so the box stands as high as a framed list.
+  return probe.TextHeight("Ag") + 2 * (TextMargin + BorderWidth());
 }
 
 // --- Stepping ---
@@ -331,13 +333,13 @@ void NumberSpin::OnPaint() {
   surface.DrawBox(0, 0, width, height, 1, OleColorNone, backColor_);
 
   const std::string text = std::to_string(typing_ ? typed_ : value_);
-  const int32_t left = border + TextMargin;
+  const int32_t left = border + TextIndent;
   const int32_t top = border;
   const int32_t textHeight = height - 2 * border;
   if (typing_ && enabled) {
     const int32_t textWidth = surface.TextWidth(text) + 2;
     surface.DrawText(text, left - 1, top + 1, textWidth, textHeight - 2, vbHighlightText,
-                     vbHighlight, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+                     vbHighlight, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX, true);
   } else {
     surface.DrawText(text, left, top, width - buttonWidth_ - left, textHeight,
                      enabled ? foreColor_ : vbGrayText, OleColorNone,
