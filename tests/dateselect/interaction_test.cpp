@@ -232,6 +232,10 @@ TEST_F(InteractionTest, TheControlEndsFourPixelsBelowTheEndFieldAndKeepsItsLeast
   ds->Move(10, 10, 400, 60);
   checkHeight();
 
+  ds->SetBackColor(RGB(10, 120, 30)); // the strip below the date fields is the control's own
+  EXPECT_EQ(platform.WindowCanvas(ds->hWnd())->GetPixel(1, ds->ScaleHeight() - 2),
+            COLORREF(RGB(10, 120, 30)));
+
   ds->Move(10, 10, 40, 60);
   EXPECT_GE(ds->ScaleWidth(), 133); // 2000 twips
   EXPECT_LE(ds->ScaleWidth(), 134);
