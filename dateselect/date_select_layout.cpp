@@ -160,9 +160,12 @@ void DateSelect::LayoutConstituents() {
   const int32_t row3 = row2 + rowHeight + RowGap;
 
   cboSelection_->Move(0, 0, width, rowHeight);
+  // Labels as high as their text, centred on their row.
+  const int32_t labelHeight = lblFrom_->CaptionHeight();
+  const int32_t labelDrop = std::max(rowHeight - labelHeight, 0) / 2;
   const int32_t labelWidth = std::max(lblFrom_->CaptionWidth(), lblTo_->CaptionWidth()) + space;
-  lblFrom_->Move(0, row2, labelWidth, rowHeight);
-  lblTo_->Move(0, row3, labelWidth, rowHeight);
+  lblFrom_->Move(0, row2 + labelDrop, labelWidth, labelHeight);
+  lblTo_->Move(0, row3 + labelDrop, labelWidth, labelHeight);
   dtpTo_->Move(labelWidth, row3, std::max(width - labelWidth, 0), rowHeight);
 
   const int32_t operatorWidth = measure.TextWidth("<=") + chrome;
@@ -181,7 +184,7 @@ void DateSelect::LayoutConstituents() {
 
   const int32_t customLabelWidth = lblCustom_->CaptionWidth() + space;
   const int32_t numberWidth = measure.TextWidth("999") + TextPadding + 4;
-  lblCustom_->Move(0, row2, customLabelWidth, rowHeight);
+  lblCustom_->Move(0, row2 + labelDrop, customLabelWidth, labelHeight);
   txtCustomRange_->Move(customLabelWidth, row2, numberWidth, rowHeight);
   cboCustomChoice_->Move(customLabelWidth + numberWidth + space, row2,
                          measure.TextWidth("Months") + chrome, rowHeight);

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "calendar/month_calendar.hpp"
+#include "dateselect/date_select.hpp"
 #include "picker/date_picker.hpp"
 
 namespace tarnbrook {
@@ -102,6 +103,26 @@ public:
     log_.Event(name_, "BeforeCalendarCloseUp", Cancel);
   }
   void AfterCalendarCloseUp() override { log_.Event(name_, "AfterCalendarCloseUp"); }
+
+private:
+  std::string name_;
+  EventLog& log_;
+};
+
+// Logs every event of one date selection under its name.
+class DateSelectEventLogger : public DateSelectEvents {
+public:
+  DateSelectEventLogger(std::string name, EventLog& log) : name_(std::move(name)), log_(log) {}
+
+  void Change() override { log_.Event(name_, "Change"); }
+  void OperatorChange() override { log_.Event(name_, "OperatorChange"); }
+  void StartDateChange() override { log_.Event(name_, "StartDateChange"); }
+  void EndDateChange() override { log_.Event(name_, "EndDateChange"); }
+  void YearChange() override { log_.Event(name_, "YearChange"); }
+  void MonthChange() override { log_.Event(name_, "MonthChange"); }
+  void SelectionChange() override { log_.Event(name_, "SelectionChange"); }
+  void CustomRangeChange() override { log_.Event(name_, "CustomRangeChange"); }
+  void CustomSelectionChange() override { log_.Event(name_, "CustomSelectionChange"); }
 
 private:
   std::string name_;

@@ -1,9 +1,11 @@
-// The demo: a form with a month calendar, a short-date picker with its drop-down calendar and
-// a picker in a custom date-and-time format with up/down buttons, on a real X display, with
-// every event of every control in a list on the form and on standard output.
+// The demo: a form with a month calendar, a short-date picker with its drop-down calendar, a
+// picker in a custom date-and-time format with up/down buttons, and a date selection whose SQL
+// is shown live with the sample orders it selects from a small SQLite database, on a real X
+// display, with every event of every control in a list on the form and on standard output.
 //
 //   demo [--form FILE] [--tour] [--screenshot-dir DIR] [--today YYYY-MM-DD]
 //
+// Month and day names and the date order are the user's, from LC_ALL, LC_TIME or LANG.
 // --form loads FILE at the start when it exists and saves the form to it on exit; --tour runs
 // a short scripted tour with xdotool, writes screenshots (default out/) and exits; --today
 // sets the date the controls take for today (at noon), for pictures that stay the same.
@@ -20,9 +22,12 @@
 #include "apps/demo/demo_layout.hpp"
 #include "apps/demo/event_list.hpp"
 #include "apps/demo/event_log.hpp"
+#include "apps/demo/orders_view.hpp"
 #include "apps/demo/tour.hpp"
 #include "common/control_error.hpp"
+#include "common/date_format.hpp"
 #include "common/date_runtime.hpp"
+#include "common/locale.hpp"
 #include "host/container.hpp"
 #include "host/control_registry.hpp"
 #include "platform/x11/x11_platform.hpp"
@@ -68,6 +73,7 @@ std::optional<Options> ParseOptions(int argc, char** argv) {
 void RegisterClasses() {
   RegisterControlClass<MonthCalendar>("MonthCalendar");
   RegisterControlClass<DatePicker>("DatePicker");
+  RegisterControlClass<DateSelect>("DateSelect");
   RegisterControlClass<EventList>("EventList");
   RegisterControlClass<CaptionLabel>("CaptionLabel");
 }
@@ -97,30 +103,36 @@ void BuildForm(Container& form, X11Platform& platform) {
   custom.SetButton(dtpUpDown);
   custom.SetValue(Variant::Date(platform.Now()));
 
+  AddLabel(form, "label5", layout::Select1, "select1: DateSelect over sample orders");
+  auto& select = Add<DateSelect>(form, "select1", layout::Select1);
+  select.SetSQLPrefix("SELECT * FROM Orders WHERE");
+  select.SetSQLFieldName("OrderDate");
+  select.SetSQLDateWrapper("'");
+  select.SetSQLDateFormat("yyyy-mm-dd");
+  select.SetSelection(dtsLast7days);
+  Add<CaptionLabel>(form, "sql1", layout::Sql1);
+  Add<EventList>(form, "rows1", layout::Rows1);
+
   AddLabel(form, "label4", layout::Log1, "Events (also on standard output)");
   Add<EventList>(form, "log1", layout::Log1);
   form.ClearChangedKeys();
 }
 
-// Every calendar and picker on the form reports to the log; the first list shows it. The
-// controls outlive the logging, so it disconnects them when it goes.
+// Every calendar, picker and date selection on the form reports to the log; "log1" shows it.
+// The controls outlive the logging, so it disconnects them when it goes.
 class Logging {
 public:
   explicit Logging(Container& form) {
     for (size_t i = 0; i < form.Count(); ++i) {
       Control& control = form.Item(i);
-      if (auto* calendar = dynamic_cast<MonthCalendar*>(&control)) {
-        auto* sink = calendars_.emplace_back(new CalendarEventLogger(form.Name(i), log_)).get();
-        calendar->Connect(sink);
-        disconnections_.push_back([calendar, sink] { calendar->Disconnect(sink); });
-      } else if (auto* picker = dynamic_cast<DatePicker*>(&control)) {
-        auto* sink = pickers_.emplace_back(new PickerEventLogger(form.Name(i), log_)).get();
-        picker->Connect(sink);
-        disconnections_.push_back([picker, sink] { picker->Disconnect(sink); });
-      } else if (auto* list = dynamic_cast<EventList*>(&control); list && !listed_) {
-        listed_ = true;
+      if (auto* calendar = dynamic_cast<MonthCalendar*>(&control))
+        Log<CalendarEventLogger>(*calendar, form.Name(i));
+      else if (auto* picker = dynamic_cast<DatePicker*>(&control))
+        Log<PickerEventLogger>(*picker, form.Name(i));
+      else if (auto* select = dynamic_cast<DateSelect*>(&control))
+        Log<DateSelectEventLogger>(*select, form.Name(i));
+      else if (auto* list = dynamic_cast<EventList*>(&control); list && form.Name(i) == "log1")
         log_.SetListener([list](const std::string& line) { list->AddLine(line); });
-      }
     }
   }
   ~Logging() {
@@ -130,15 +142,22 @@ public:
   Logging(const Logging&) = delete;
   Logging& operator=(const Logging&) = delete;
 
+  void Note(const std::string& line) { log_.Write(line); }
+
 private:
+  // Connects a logger of the control's events for as long as the logging lasts.
+  template <class Logger, class C> void Log(C& control, const std::string& name) {
+    auto logger = std::make_shared<Logger>(name, log_);
+    control.Connect(logger.get());
+    disconnections_.push_back([&control, logger] { control.Disconnect(logger.get()); });
+  }
+
   EventLog log_;
-  std::vector<std::unique_ptr<CalendarEventLogger>> calendars_;
-  std::vector<std::unique_ptr<PickerEventLogger>> pickers_;
   std::vector<std::function<void()>> disconnections_;
-  bool listed_ = false;
 };
 
 int RunDemo(const Options& options) {
+  SetCurrentLocale(Locale::FromEnvironment()); // LC_ALL, LC_TIME or LANG, as users expect
   X11Platform platform;
   if (options.today)
     platform.SetNow(*options.today + 0.5);
@@ -153,6 +172,14 @@ int RunDemo(const Options& options) {
   else
     BuildForm(form, platform);
   Logging logging(form);
+  logging.Note("demo: today is " + FormatDate(platform.Today(), "Long Date") + " (" +
+               CurrentLocale().Name + ")");
+  std::optional<OrdersView> orders;
+  auto* select = dynamic_cast<DateSelect*>(form.Find("select1"));
+  auto* sql = dynamic_cast<CaptionLabel*>(form.Find("sql1"));
+  auto* rows = dynamic_cast<EventList*>(form.Find("rows1"));
+  if (select && sql && rows)
+    orders.emplace(*select, *sql, *rows, platform.Today());
 
   if (options.tour) {
     for (const std::string& path : RunTour(platform, form, options.screenshotDir))

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "apps/demo/screenshot.hpp"
+#include "dateselect/date_select.hpp"
 #include "host/container.hpp"
 #include "picker/date_picker.hpp"
 #include "platform/x11/x11_platform.hpp"
@@ -84,6 +85,17 @@ public:
     Xdotool("type 0" + std::to_string(typed));
     WaitFor("the typed month", [&] { return Month(custom.DateValue()) == typed; });
     Screenshot("demo-typed.png");
+
+    // "Last Month" picked from the date selection's option list, six entries below "Last 7 days".
+    if (auto* select = dynamic_cast<DateSelect*>(form_.Find("select1"))) {
+      ComboListX& options = select->cboSelection();
+      const Rect field = platform_.GetClientRect(options.hWnd());
+      Click(options.hWnd(), field.right - 8, field.bottom / 2);
+      WaitFor("the option list", [&] { return options.cbo().DroppedDown(); });
+      Xdotool("key Down Down Down Down Down Down Return");
+      WaitFor("Last Month", [&] { return select->Selection() == dtsLastMonth; });
+      Screenshot("demo-dateselect.png");
+    }
     return written_;
   }
 

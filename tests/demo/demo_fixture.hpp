@@ -35,6 +35,7 @@ protected:
     ASSERT_EQ(pipe(ends), 0);
     if ((pid = fork()) == 0) {
       dup2(ends[1], STDOUT_FILENO);
+      setenv("LC_ALL", "C", 1); // the built-in English, whatever the machine's language
       execl(TARNBROOK_DEMO, "demo", "--today", "2026-11-21", "--form", formFile.c_str(), nullptr);
       _exit(127);
     }
