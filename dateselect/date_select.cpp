@@ -2,6 +2,8 @@
 #include "dateselect/date_select.hpp"
 
 #include "common/control_error.hpp"
+#include "common/date_runtime.hpp"
+#include "platform/platform.hpp"
 
 namespace tarnbrook {
 namespace {
@@ -35,6 +37,9 @@ DateSelect::DateSelect(HWND parent) : Control(parent), option_(std::make_shared<
   records_[LastRecord] = {LastRecord, "", false};
   option_->Connect(this);
   CreateConstituents();
+  // This year until another is set or read, so a saved form without a year still loads.
+  selectedYear_ = static_cast<int16_t>(Year(Platform::Current().Today()));
+  spnYear_->SetValue(selectedYear_);
   ConnectConstituents();
   RebuildOptionList();
 }

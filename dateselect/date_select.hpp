@@ -288,7 +288,7 @@ private:
   int quiet_ = 0;       // constituents being set by the control itself: their events are its own
   bool laying_ = false; // the control is setting its own height
 
-  int16_t selectedYear_ = 0;
+  int16_t selectedYear_ = 1601;
   int32_t selectedMonth_ = 1;
   std::string operator_ = "=";
   std::string inputFormat_;
