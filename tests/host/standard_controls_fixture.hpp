@@ -91,12 +91,12 @@ protected:
         }
     return ink;
   }
-  // How many pixels of the control show `color`.
-  int Count(const Control& control, COLORREF color) {
+  // How many pixels of the control (inside `within` when given) show `color`.
+  int Count(const Control& control, COLORREF color, Rect within = {0, 0, INT32_MAX, INT32_MAX}) {
     const Canvas& canvas = *platform.WindowCanvas(control.hWnd());
     int count = 0;
-    for (int32_t y = 0; y < canvas.Height(); ++y)
-      for (int32_t x = 0; x < canvas.Width(); ++x)
+    for (int32_t y = within.top; y < std::min(within.bottom, canvas.Height()); ++y)
+      for (int32_t x = within.left; x < std::min(within.right, canvas.Width()); ++x)
         count += canvas.GetPixel(x, y) == color;
     return count;
   }
