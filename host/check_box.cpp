@@ -158,7 +158,8 @@ void CheckBox::OnPaint() {
   }
   canvas.DrawText(caption_, text, Flags);
   if (enabled && !caption_.empty() && Platform::Current().GetFocus() == hWnd())
-    canvas.DrawFocusRect({text.left - 1, text.top, text.right + 1, text.bottom});
+    canvas.DrawFocusRect({std::max(0, text.left - 1), std::max(0, text.top - 1),
+                          std::min(width, text.right + 1), std::min(height, text.bottom + 1)});
 }
 
 // A press pushes the box; the release over the control toggles it.
