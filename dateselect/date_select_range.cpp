@@ -120,10 +120,19 @@ void DateSelect::ApplyYearRange() {
 }
 
 void DateSelect::ApplyCustomRange() {
-  std::optional<DateSpan> span =
-      CustomSpan(Platform::Current().Today(), Val(txtCustomRange_->Text()),
-                 cboCustomChoice_->Text(), firstDayofWeek_, chkCustom_->Value() == vbChecked);
-  if (!span)
+  // A number so large that the range leaves the runtime's or the fields' dates keeps the
+  // dates the fields hold.
+  std::optional<DateSpan> span;
+  try {
+    span = CustomSpan(Platform::Current().Today(), Val(txtCustomRange_->Text()),
+                      cboCustomChoice_->Text(), firstDayofWeek_, chkCustom_->Value() == vbChecked);
+  } catch (const ControlError&) {
+    return;
+  }
+  auto showable = [](const DatePicker& field, DateValue date) {
+    return field.MinDate() <= date && date <= field.MaxDate();
+  };
+  if (!span || !showable(*dtpFrom_, span->start) || !showable(*dtpTo_, span->end))
     return;
   SetFrom(span->start);
   SetTo(span->end);

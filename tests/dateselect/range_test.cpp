@@ -121,6 +121,18 @@ TEST_F(DateSelectTest, CustomRangesEndYesterdayOrTodayAndWeeksKeepTheirOneDayShi
   EXPECT_EQ(ds->CustomRange(), 2); // rounded half to even
   ds->txtCustomRange().SetText("3.5");
   EXPECT_EQ(ds->CustomRange(), 4);
+
+  // A number whose range leaves the dates the fields can hold keeps the dates they show, and
+  // neither setting it nor choosing the option raises.
+  for (int32_t unit : {dtsDays, dtsWeeks, dtsMonths, dtsYears}) {
+    Custom(3, unit, false);
+    const auto shown = Range();
+    EXPECT_EQ(RaisedNumber([&] { ds->SetCustomRange(999999999); }), 0) << unit;
+    EXPECT_EQ(RaisedNumber([&] { ds->SetSelection(dtsCustomRange); }), 0) << unit;
+    EXPECT_EQ(Range(), shown) << unit;
+  }
+  ds->txtCustomRange().SetText("1e300");
+  EXPECT_EQ(ds->CustomRange(), INT32_MAX); // read as the nearest Long, so it can be saved
 }
 
 TEST_F(DateSelectTest, MonthAndYearComeFromTheSelectedValuesAndDatesTheUserEntersAreKept) {
