@@ -6,6 +6,7 @@
 #include "common/control_error.hpp"
 #include "common/locale.hpp"
 #include "dateselect/date_select.hpp"
+#include "host/standard_text.hpp"
 
 namespace tarnbrook {
 namespace {
@@ -150,10 +151,8 @@ void DateSelect::LayoutConstituents() {
   const int32_t twips = Site().TwipsPerPixelX();
   const int32_t minWidth = (MinWidthTwips + twips - 1) / twips;
   const int32_t width = std::max(ScaleWidth(), minWidth);
-  cMDC& measure = Surface();
-  measure.SetFont(font_.Name, font_.Size, font_.Bold, font_.Italic, font_.Strikethrough,
-                  font_.Underline);
-  const int32_t space = measure.TextWidth("9");
+  auto textWidth = [&](std::string_view sample) { return MeasureLine(font_, sample).cx; };
+  const int32_t space = textWidth("9");
   const int32_t chrome = std::max(buttonWidth_, 0) + 2 * BorderWidth(borderStyle_) + TextPadding;
   const int32_t rowHeight = cboSelection_->PreferredHeight();
   const int32_t row2 = rowHeight + RowGap;
@@ -168,8 +167,8 @@ void DateSelect::LayoutConstituents() {
   lblTo_->Move(0, row3 + labelDrop, labelWidth, labelHeight);
   dtpTo_->Move(labelWidth, row3, std::max(width - labelWidth, 0), rowHeight);
 
-  const int32_t operatorWidth = measure.TextWidth("<=") + chrome;
-  const int32_t yearWidth = measure.TextWidth("9999") + chrome;
+  const int32_t operatorWidth = textWidth("<=") + chrome;
+  const int32_t yearWidth = textWidth("9999") + chrome;
   if (selection_ == dtsExpression)
     dtpFrom_->Move(operatorWidth + space, row2, std::max(width - operatorWidth - space, 0),
                    rowHeight);
@@ -183,11 +182,11 @@ void DateSelect::LayoutConstituents() {
                  yearWidth, rowHeight);
 
   const int32_t customLabelWidth = lblCustom_->CaptionWidth() + space;
-  const int32_t numberWidth = measure.TextWidth("999") + TextPadding + 4;
+  const int32_t numberWidth = textWidth("999") + TextPadding + 4;
   lblCustom_->Move(0, row2 + labelDrop, customLabelWidth, labelHeight);
   txtCustomRange_->Move(customLabelWidth, row2, numberWidth, rowHeight);
-  cboCustomChoice_->Move(customLabelWidth + numberWidth + space, row2,
-                         measure.TextWidth("Months") + chrome, rowHeight);
+  cboCustomChoice_->Move(customLabelWidth + numberWidth + space, row2, textWidth("Months") + chrome,
+                         rowHeight);
   chkCustom_->Move(customLabelWidth, row3, std::max(width - customLabelWidth, 0), rowHeight);
 
   // The control's own size follows: at least 2000 twips wide, 60 twips under the date fields.
