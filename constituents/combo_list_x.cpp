@@ -230,18 +230,7 @@ void ComboListX::Layout() {
 }
 
 int32_t ComboListX::BorderWidth() const {
-  switch (borderStyle_) {
-  case dtpBorderFixedSingle:
-  case dtpBorderSunkenThin:
-  case dtpBorderRaisedThin:
-    return 1;
-  case dtpBorderRaised3D:
-  case dtpBorderSunken3D:
-  case dtpBorderEtched:
-    return 2;
-  default:
-    return 0;
-  }
+  return BorderStyleWidth(borderStyle_);
 }
 
 void ComboListX::Redraw() {

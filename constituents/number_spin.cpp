@@ -295,18 +295,7 @@ void NumberSpin::LayoutButtons() {
 }
 
 int32_t NumberSpin::BorderWidth() const {
-  switch (borderStyle_) {
-  case dtpBorderFixedSingle:
-  case dtpBorderSunkenThin:
-  case dtpBorderRaisedThin:
-    return 1;
-  case dtpBorderRaised3D:
-  case dtpBorderSunken3D:
-  case dtpBorderEtched:
-    return 2;
-  default:
-    return 0;
-  }
+  return BorderStyleWidth(borderStyle_);
 }
 
 void NumberSpin::Redraw() {

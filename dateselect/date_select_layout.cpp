@@ -15,19 +15,6 @@ constexpr int32_t RowGap = 3;             // pixels between the rows
 constexpr int32_t TextPadding = 6;        // pixels around a measured text inside a field
 constexpr int32_t BottomMarginTwips = 60; // below the date fields
 
-int32_t BorderWidth(int32_t style) {
-  switch (style) {
-  case dtpBorderNone:
-    return 0;
-  case dtpBorderFixedSingle:
-  case dtpBorderSunkenThin:
-  case dtpBorderRaisedThin:
-    return 1;
-  default:
-    return 2;
-  }
-}
-
 } // namespace
 
 void DateSelect::CreateConstituents() {
@@ -153,7 +140,8 @@ void DateSelect::LayoutConstituents() {
   const int32_t width = std::max(ScaleWidth(), minWidth);
   auto textWidth = [&](std::string_view sample) { return MeasureLine(font_, sample).cx; };
   const int32_t space = textWidth("9");
-  const int32_t chrome = std::max(buttonWidth_, 0) + 2 * BorderWidth(borderStyle_) + TextPadding;
+  const int32_t chrome =
+      std::max(buttonWidth_, 0) + 2 * BorderStyleWidth(borderStyle_) + TextPadding;
   const int32_t rowHeight = cboSelection_->PreferredHeight();
   const int32_t row2 = rowHeight + RowGap;
   const int32_t row3 = row2 + rowHeight + RowGap;

@@ -35,4 +35,19 @@ void DrawBorderStyle(cMDC& surface, int32_t style, int32_t left, int32_t top, in
   border.Draw();
 }
 
+int32_t BorderStyleWidth(int32_t style) {
+  switch (style) {
+  case dtpBorderFixedSingle:
+  case dtpBorderSunkenThin:
+  case dtpBorderRaisedThin:
+    return 1;
+  case dtpBorderRaised3D:
+  case dtpBorderSunken3D:
+  case dtpBorderEtched:
+    return 2;
+  default:
+    return 0;
+  }
+}
+
 } // namespace tarnbrook

@@ -61,18 +61,7 @@ int32_t DatePicker::ButtonsWidth() const {
 }
 
 int32_t DatePicker::BorderWidth() const {
-  switch (borderStyle_) {
-  case dtpBorderFixedSingle:
-  case dtpBorderSunkenThin:
-  case dtpBorderRaisedThin:
-    return 1;
-  case dtpBorderRaised3D:
-  case dtpBorderSunken3D:
-  case dtpBorderEtched:
-    return 2;
-  default:
-    return 0;
-  }
+  return BorderStyleWidth(borderStyle_);
 }
 
 CFrame* DatePicker::ButtonAt(int32_t x, int32_t y) {
