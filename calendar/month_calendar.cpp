@@ -285,6 +285,14 @@ void MonthCalendar::ButtonAction(const std::string& name) {
 
 void MonthCalendar::MonthStep(int delta) {
   const int32_t index = cboMonth_->ListIndex();
+  // No month lies beyond December 9999 or before the runtime's first year: the step is
+  // refused with a beep and nothing changes.
+  const int32_t year = DisplayedYear();
+  if ((delta > 0 && index >= 11 && year >= Year(LastDate())) ||
+      (delta < 0 && index < 1 && year <= FirstYear)) {
+    Platform::Current().MessageBeep(MB_OK);
+    return;
+  }
   // The year wraps without a limit test and without YearChanged.
   if (delta > 0) {
     if (index == 11) {

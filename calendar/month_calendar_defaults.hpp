@@ -12,6 +12,9 @@ inline DateValue LastDate() {
   return DateSerial(9999, 12, 31);
 }
 
+// The first year the runtime's dates reach.
+inline constexpr int FirstYear = 100;
+
 // The font of a newly placed calendar.
 inline Font DefaultFont() {
   Font font;

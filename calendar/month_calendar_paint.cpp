@@ -2,6 +2,7 @@
 #include <charconv>
 
 #include "calendar/month_calendar.hpp"
+#include "calendar/month_calendar_defaults.hpp"
 #include "calendar/month_calendar_layout.hpp"
 #include "common/date_format.hpp"
 #include "common/locale.hpp"
@@ -130,8 +131,11 @@ void MonthCalendar::PaintDayCells() {
 
   bool bold = font_.Bold;
   SelectFont(surface, font_, false);
+  const DateValue firstDate = DateSerial(month_calendar_defaults::FirstYear, 1, 1);
   for (int32_t i = 0; i < layout::Cells; ++i) {
     DateValue date = gridStart_ + i;
+    if (date < firstDate)
+      continue; // the week before January 100 has no dates: its cells stay empty
     int32_t left = layout::GridRect.left + layout::CellWidth * (i % layout::Columns);
     int32_t top = layout::GridRect.top + layout::CellHeight * (i / layout::Columns);
     Rect cell{left, top, left + layout::CellWidth, top + layout::CellHeight};

@@ -6,6 +6,7 @@
 #include "common/control_error.hpp"
 #include "host/control_registry.hpp"
 #include "host/form_file.hpp"
+#include "platform/escaped_error.hpp"
 #include "platform/platform.hpp"
 
 namespace tarnbrook {
@@ -32,8 +33,14 @@ bool SameName(const std::string& a, const std::string& b) {
 // A control's view of the form: ambient properties, and a record of changed keys.
 class Container::Site : public ControlSite {
 public:
-  explicit Site(const Container& form) : form_(form) {}
+  Site(const Container& form, std::string name) : form_(form), name_(std::move(name)) {}
   void PropertyChanged(const std::string& key) override { changedKeys.push_back(key); }
+  void ReportError(const ControlError& error) override {
+    if (form_.errorHandler_)
+      form_.errorHandler_(name_, error);
+    else
+      ControlSite::ReportError(error);
+  }
   bool UserMode() const override { return form_.userMode_; }
   Font AmbientFont() const override { return form_.ambientFont_; }
   OleColor AmbientBackColor() const override { return form_.ambientBackColor_; }
@@ -43,6 +50,7 @@ public:
 
 private:
   const Container& form_;
+  std::string name_;
 };
 
 Container::Container(int32_t width, int32_t height, const std::string& caption) {
@@ -60,7 +68,7 @@ Container::~Container() {
   platform.DestroyWindow(hwnd_);
 }
 
-LRESULT Container::WindowProc(HWND hwnd, UINT msg, WPARAM, LPARAM) {
+LRESULT Container::WindowProc(HWND hwnd, UINT msg, WPARAM, LPARAM) try {
   Platform& platform = Platform::Current();
   auto* form = reinterpret_cast<Container*>(platform.GetWindowLong(hwnd, GWL_USERDATA));
   if (form && msg == WM_PAINT) {
@@ -68,6 +76,9 @@ LRESULT Container::WindowProc(HWND hwnd, UINT msg, WPARAM, LPARAM) {
       canvas->FillRect(platform.GetClientRect(hwnd),
                        static_cast<COLORREF>(TranslateColor(form->ambientBackColor_)));
   }
+  return 0;
+} catch (...) {
+  ReportCurrentException(hwnd);
   return 0;
 }
 
@@ -80,7 +91,7 @@ Container::Entry Container::Place(std::unique_ptr<Control> control, const std::s
     LONG_PTR style = platform.GetWindowLong(hwnd, GWL_STYLE);
     platform.SetWindowLong(hwnd, GWL_STYLE, (style & ~LONG_PTR(WS_POPUP)) | WS_CHILD);
   }
-  Entry entry{name, std::make_unique<Site>(*this), std::move(control)};
+  Entry entry{name, std::make_unique<Site>(*this, name), std::move(control)};
   entry.control->SetSite(entry.site.get());
   entry.control->Move(bounds.left, bounds.top, bounds.Width(), bounds.Height());
   return entry;

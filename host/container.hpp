@@ -1,4 +1,5 @@
 #pragma once
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -43,6 +44,11 @@ public:
   const std::vector<std::string>& ChangedKeys(const std::string& name) const;
   void ClearChangedKeys();
 
+  // Errors a control raised while handling a message (a click, a key, a timer) come here
+  // with the control's name instead of ending the program; without a handler they beep.
+  using ErrorHandler = std::function<void(const std::string& control, const ControlError& error)>;
+  void SetErrorHandler(ErrorHandler handler) { errorHandler_ = std::move(handler); }
+
   // Form files. Saving raises 31036; loading raises 31037 with the place of the fault and
   // leaves the form as it was.
   std::string SaveToText(const std::string& fileName = "(text)") const;
@@ -66,6 +72,7 @@ private:
   Font ambientFont_;
   OleColor ambientBackColor_ = vbButtonFace;
   std::vector<Entry> entries_;
+  ErrorHandler errorHandler_;
 };
 
 } // namespace tarnbrook

@@ -1,5 +1,6 @@
 #include "host/control.hpp"
 
+#include "platform/escaped_error.hpp"
 #include "platform/platform.hpp"
 
 namespace tarnbrook {
@@ -27,9 +28,23 @@ int16_t ButtonsHeld(WPARAM wParam) {
   return buttons;
 }
 
+// Errors escaping a window procedure or hook go to the site of the control they came from.
+void ReportToControl(HWND hwnd, const ControlError& error) {
+  Platform& platform = Platform::Current();
+  for (HWND window = hwnd; window && platform.IsWindow(window);
+       window = platform.GetParent(window)) {
+    if (Control* control = Control::FromHandle(window)) {
+      control->ReportError(error);
+      return;
+    }
+  }
+  ControlSite::Standalone().ReportError(error);
+}
+
 } // namespace
 
 Control::Control(HWND parent) {
+  SetEscapedErrorReporter(ReportToControl);
   Platform& platform = Platform::Current();
   uint32_t style = parent ? WS_CHILD | WS_VISIBLE : WS_POPUP;
   hwnd_ = platform.CreateWindowEx(0, "", style, 0, 0, 0, 0, parent, WindowProc);
@@ -103,9 +118,30 @@ LRESULT Control::WindowMessage(UINT, WPARAM, LPARAM) {
   return 0;
 }
 
+void Control::ReportError(const ControlError& error) {
+  if (site_ == &ControlSite::Standalone()) {
+    Platform& platform = Platform::Current();
+    for (HWND window = Parent(); window; window = platform.GetParent(window)) {
+      if (Control* owner = FromHandle(window)) {
+        owner->ReportError(error);
+        return;
+      }
+    }
+  }
+  site_->ReportError(error);
+}
+
 LRESULT Control::WindowProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
   auto* control = reinterpret_cast<Control*>(Platform::Current().GetWindowLong(hwnd, GWL_USERDATA));
-  return control ? control->Route(msg, wParam, lParam) : 0;
+  if (!control)
+    return 0;
+  try {
+    return control->Route(msg, wParam, lParam);
+  } catch (...) {
+    // The control may have gone in its own handler; the window's user data says.
+    ReportCurrentException(hwnd);
+    return 0;
+  }
 }
 
 LRESULT Control::Route(UINT msg, WPARAM wParam, LPARAM lParam) {

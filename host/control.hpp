@@ -63,6 +63,10 @@ public:
   bool CausesValidation() const { return causesValidation_; }
   void SetCausesValidation(bool causes) { causesValidation_ = causes; }
 
+  // Tells the site of an error raised while a message was handled; a constituent (which has
+  // no container of its own) tells the control it stands in.
+  void ReportError(const ControlError& error);
+
   // The control whose window `hwnd` is; null for any other window.
   static Control* FromHandle(HWND hwnd);
 

@@ -6,6 +6,10 @@ namespace tarnbrook {
 
 void ControlSite::PropertyChanged(const std::string&) {}
 
+void ControlSite::ReportError(const ControlError&) {
+  Platform::Current().MessageBeep(MB_OK);
+}
+
 int ControlSite::MessageBox(const std::string& text, const std::string& caption, UINT buttons) {
   return Platform::Current().MessageBox(ContainerWindow(), text, caption, buttons);
 }

@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <string>
 
+#include "common/control_error.hpp"
 #include "common/font.hpp"
 #include "common/ole_color.hpp"
 #include "platform/messages.hpp"
@@ -25,6 +26,10 @@ public:
 
   // The container's window (0 when there is none): owner of message boxes.
   virtual HWND ContainerWindow() const { return 0; }
+
+  // An error raised while the control handled a message (a click, a key, a timer), which the
+  // window system cannot be given. The default beeps.
+  virtual void ReportError(const ControlError& error);
 
   // A message box owned by the container; returns the answer (IDOK, IDYES ...).
   int MessageBox(const std::string& text, const std::string& caption, UINT buttons = MB_OK);

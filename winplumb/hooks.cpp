@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "common/control_error.hpp"
+#include "platform/escaped_error.hpp"
 #include "winplumb/debug_trace.hpp"
 #include "winplumb/plumbing_error.hpp"
 
@@ -34,10 +35,13 @@ thread_local ThreadHooks hooks;
 
 // Runs the clients of `type` in table order until one consumes.
 bool DispatchHook(int32_t type, int nCode, WPARAM wParam, LPARAM lParam) {
-  // Indexes, not iterators: a client may attach or detach while it runs.
-  for (size_t i = 0; i < hooks.clients.size(); ++i) {
-    HookClient entry = hooks.clients[i];
-    if (!entry.client || entry.type != type) {
+  // Only the clients there when the notification started are called, and each only while
+  // it is still attached: one attached now (even into a freed place) waits for the next.
+  const std::vector<HookClient> present = hooks.clients;
+  for (size_t i = 0; i < present.size(); ++i) {
+    HookClient entry = present[i];
+    if (!entry.client || entry.type != type || i >= hooks.clients.size() ||
+        hooks.clients[i].client != entry.client || hooks.clients[i].type != type) {
       continue;
     }
     bool consume = false;
@@ -57,7 +61,17 @@ bool DispatchHook(int32_t type, int nCode, WPARAM wParam, LPARAM lParam) {
 // the system ignores it, and two types pass another type's handle.
 template <int32_t Type, bool ConsumeStopsChain, int32_t NextHandleType = Type>
 LRESULT HookProcedure(int nCode, WPARAM wParam, LPARAM lParam) {
-  if (nCode >= 0 && DispatchHook(Type, nCode, wParam, lParam) && ConsumeStopsChain) {
+  bool consumed = false;
+  try {
+    consumed = nCode >= 0 && DispatchHook(Type, nCode, wParam, lParam);
+  } catch (...) {
+    // A mouse hook knows the window the message is for; its control is told.
+    HWND hwnd = 0;
+    if (Type == WH_MOUSE && lParam)
+      hwnd = reinterpret_cast<const MOUSEHOOKSTRUCT*>(lParam)->hwnd;
+    ReportCurrentException(hwnd);
+  }
+  if (consumed && ConsumeStopsChain) {
     return 1;
   }
   return Platform::Current().CallNextHookEx(hooks.Handle(NextHandleType), nCode, wParam, lParam);

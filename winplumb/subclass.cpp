@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/escaped_error.hpp"
 #include "winplumb/plumbing_error.hpp"
 
 namespace tarnbrook {
@@ -23,10 +24,10 @@ thread_local WNDPROC currentPreviousProc = nullptr;
 }
 
 // The names of the window's properties that hold the subclassing state. Handles and
-// messages are written as signed decimals.
+// messages are written as signed 32-bit decimals, as the system's handles are.
 struct StoreNames {
   StoreNames(HWND hwnd, int32_t msg)
-      : window(std::to_string(static_cast<intptr_t>(hwnd))),
+      : window(std::to_string(static_cast<int32_t>(static_cast<uint32_t>(hwnd)))),
         message(window + "#" + std::to_string(msg)) {}
 
   const std::string& PreviousProc() const { return window; }
@@ -120,7 +121,7 @@ void DetachMessage(ISubclass* client, HWND hwnd, int32_t iMsg) {
   }
 }
 
-LRESULT SubclassDispatcher(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
+LRESULT SubclassDispatcher(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) try {
   Platform& platform = Platform::Current();
   const int32_t message = static_cast<int32_t>(msg);
   const StoreNames names(hwnd, message);
@@ -146,13 +147,21 @@ LRESULT SubclassDispatcher(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
       callPrevious();
       previousCalled = true;
     }
+    // A client may detach, and be freed, in its own handler: it is asked for its response
+    // afterwards only while it is still attached here, else its answer from before stands.
+    EMsgResponse response = client->MsgResponse();
     result = client->WindowProc(hwnd, message, wParam, lParam);
-    if (i == count && client->MsgResponse() == emrPostProcess && !previousCalled) {
+    if (platform.GetProp(hwnd, names.Entry(i)) == Identity(client))
+      response = client->MsgResponse();
+    if (i == count && response == emrPostProcess && !previousCalled) {
       result = callPrevious();
       previousCalled = true;
     }
   }
   return result;
+} catch (...) {
+  ReportCurrentException(hwnd);
+  return 0;
 }
 
 int32_t CurrentMessage() {

@@ -144,6 +144,14 @@ public:
 
   void Note(const std::string& line) { log_.Write(line); }
 
+  // An error a control raised while handling input is logged, and the demo goes on.
+  void ReportErrorsOf(Container& form) {
+    form.SetErrorHandler([this](const std::string& control, const ControlError& error) {
+      log_.Write(control + ": error " + std::to_string(error.Number()) + " (" + error.Source() +
+                 "): " + error.Description());
+    });
+  }
+
 private:
   // Connects a logger of the control's events for as long as the logging lasts.
   template <class Logger, class C> void Log(C& control, const std::string& name) {
@@ -172,6 +180,7 @@ int RunDemo(const Options& options) {
   else
     BuildForm(form, platform);
   Logging logging(form);
+  logging.ReportErrorsOf(form);
   logging.Note("demo: today is " + FormatDate(platform.Today(), "Long Date") + " (" +
                CurrentLocale().Name + ")");
   std::optional<OrdersView> orders;
@@ -187,6 +196,7 @@ int RunDemo(const Options& options) {
   } else {
     platform.Run();
   }
+  form.SetErrorHandler(nullptr); // the logging goes before the form
   if (!options.formFile.empty())
     form.SaveToFile(options.formFile);
   return 0;
