@@ -19,12 +19,13 @@ constexpr int32_t BottomMarginTwips = 60; // below the date fields
 
 void DateSelect::CreateConstituents() {
   const HWND self = hWnd();
+  // Created in the order Tab visits them: left to right, row by row.
   cboSelection_ = std::make_unique<ComboListX>(self);
+  cboOperator_ = std::make_unique<ComboListX>(self);
   lblFrom_ = std::make_unique<tarnbrook::Label>(self);
   dtpFrom_ = std::make_unique<DatePicker>(self);
   lblTo_ = std::make_unique<tarnbrook::Label>(self);
   dtpTo_ = std::make_unique<DatePicker>(self);
-  cboOperator_ = std::make_unique<ComboListX>(self);
   cboMonth_ = std::make_unique<ComboListX>(self);
   spnYear_ = std::make_unique<NumberSpin>(self);
   lblCustom_ = std::make_unique<tarnbrook::Label>(self);
@@ -58,8 +59,8 @@ void DateSelect::CreateConstituents() {
 
 // Every constituent, the option list first, in the order the user tabs through them.
 template <class Each> void DateSelect::ForEachConstituent(Each each) {
-  Control* all[] = {cboSelection_.get(),   lblFrom_.get(),         dtpFrom_.get(),
-                    lblTo_.get(),          dtpTo_.get(),           cboOperator_.get(),
+  Control* all[] = {cboSelection_.get(),   cboOperator_.get(),     lblFrom_.get(),
+                    dtpFrom_.get(),        lblTo_.get(),           dtpTo_.get(),
                     cboMonth_.get(),       spnYear_.get(),         lblCustom_.get(),
                     txtCustomRange_.get(), cboCustomChoice_.get(), chkCustom_.get()};
   for (Control* control : all)
