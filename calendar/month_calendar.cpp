@@ -46,6 +46,7 @@ MonthCalendar::~MonthCalendar() {
 // --- The selected date and the displayed month and year ---
 
 void MonthCalendar::SetValue(DateValue value) {
+  CheckDateRange(value); // a date the calendar could not show is never kept
   if (value != value_) {
     value_ = value;
     PropertyChanged("Value");
@@ -92,6 +93,8 @@ int32_t MonthCalendar::SelectedYear() const {
 }
 
 void MonthCalendar::SetSelectedYear(int32_t year) {
+  if (year < FirstYear || year > Year(LastDate()))
+    RaiseRuntimeError(rtInvalidProcedureCall);
   SetDisplayedYear(year);
   Paint();
   PropertyChanged("SelectedYear");
@@ -109,6 +112,7 @@ void MonthCalendar::SetDisplayedYear(int32_t year) {
 // --- Limits and plain properties ---
 
 void MonthCalendar::SetMinDate(DateValue value) {
+  CheckDateRange(value);
   if (value > maxDate_)
     throw ControlError(1068, "DatePicker", "MinDate can't be larger than MaxDate");
   minDate_ = value;
@@ -116,6 +120,7 @@ void MonthCalendar::SetMinDate(DateValue value) {
 }
 
 void MonthCalendar::SetMaxDate(DateValue value) {
+  CheckDateRange(value);
   if (value < minDate_)
     throw ControlError(1070, "DatePicker", "MaxDate can't be smaller than MinDate");
   maxDate_ = value;
@@ -123,6 +128,8 @@ void MonthCalendar::SetMaxDate(DateValue value) {
 }
 
 void MonthCalendar::SetFirstDayofWeek(int32_t firstDay) {
+  if (firstDay < vbUseSystemDayOfWeek || firstDay > vbSaturday)
+    RaiseRuntimeError(rtInvalidProcedureCall);
   firstDayofWeek_ = firstDay;
   Paint();
   PropertyChanged("FirstDayOfWeek");
@@ -211,7 +218,7 @@ void MonthCalendar::SetBackgroundImage(std::shared_ptr<const Picture> picture) {
 }
 
 void MonthCalendar::SetFont(const tarnbrook::Font& font) {
-  font_ = font;
+  font_ = CheckedFont(font);
   Paint();
   PropertyChanged("Font");
 }

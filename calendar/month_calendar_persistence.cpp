@@ -1,6 +1,7 @@
 #include "calendar/month_calendar.hpp"
 
 #include <functional>
+#include <optional>
 
 #include "calendar/month_calendar_defaults.hpp"
 #include "common/control_error.hpp"
@@ -21,6 +22,29 @@ void Tolerant(const std::function<void()>& read) {
   } catch (const ControlError&) {
   }
 }
+
+// A value the calendar could not show (a date outside the runtime's, a first day of the week
+// outside 0..7, an absurd font) is not kept either, but the load is refused for it once every
+// key has been read: the first such refusal, naming its key.
+class Refusals {
+public:
+  void Check(const char* key, const std::function<void()>& read) {
+    try {
+      read();
+    } catch (const ControlError& error) {
+      if (!first_)
+        first_ = ControlError(error.Number(), error.Source(),
+                              std::string("property '") + key + "': " + error.Description());
+    }
+  }
+  void RaiseFirst() const {
+    if (first_)
+      throw *first_;
+  }
+
+private:
+  std::optional<ControlError> first_;
+};
 
 } // namespace
 
@@ -47,7 +71,11 @@ void MonthCalendar::ReadProperties(PropertyBag& bag) {
   };
 
   Tolerant([&] { weekDayColor_ = read("WeekDayColor", vbHighlight).ToLong(); });
-  Tolerant([&] { font_ = *ObjectOf<tarnbrook::Font>(read("Font", FontVariant(DefaultFont()))); });
+  Refusals refusals;
+  Tolerant([&] {
+    Variant font = read("Font", FontVariant(DefaultFont()));
+    refusals.Check("Font", [&] { font_ = CheckedFont(*ObjectOf<tarnbrook::Font>(font)); });
+  });
   Tolerant([&] { backDrawMode_ = read("BackDrawMode", int32_t(mvwBackTile)).ToLong(); });
   Tolerant([&] {
     Variant picture = read("BackgroundImage", Variant());
@@ -56,20 +84,43 @@ void MonthCalendar::ReadProperties(PropertyBag& bag) {
 
   // An absent "Value" reads as Empty, which is date 0.
   Tolerant([&] {
-    value_ = read("Value", Variant()).ToDate();
-    SetDisplayedYear(Year(value_));
+    DateValue value = read("Value", Variant()).ToDate();
+    refusals.Check("Value", [&] {
+      CheckDateRange(value);
+      value_ = value;
+      SetDisplayedYear(Year(value_));
+    });
   });
 
   Tolerant([&] { SetButtonStyle(read("ButtonStyle", int32_t(mvwButton3D)).ToLong()); });
 
   // Stored as they are: limits saved in the wrong order are kept.
   Tolerant([&] { hoverIcon_ = read("HoverIcon", true).ToBoolean(); });
-  Tolerant([&] { minDate_ = read("MinDate", MinDateText).ToDate(); });
-  Tolerant([&] { maxDate_ = read("MaxDate", Variant::Date(LastDate())).ToDate(); });
+  Tolerant([&] {
+    DateValue limit = read("MinDate", MinDateText).ToDate();
+    refusals.Check("MinDate", [&] {
+      CheckDateRange(limit);
+      minDate_ = limit;
+    });
+  });
+  Tolerant([&] {
+    DateValue limit = read("MaxDate", Variant::Date(LastDate())).ToDate();
+    refusals.Check("MaxDate", [&] {
+      CheckDateRange(limit);
+      maxDate_ = limit;
+    });
+  });
   Tolerant([&] { emptyButtonCaption_ = read("EmptyButtonCaption", "Empty").ToString(); });
   Tolerant([&] { todayButtonCaption_ = read("TodayButtonCaption", "Today").ToString(); });
   Tolerant([&] { headerForeColor_ = read("HeaderForeColor", vbButtonText).ToLong(); });
-  Tolerant([&] { firstDayofWeek_ = read("FirstDayOfWeek", int32_t(0)).ToLong(); });
+  Tolerant([&] {
+    int32_t firstDay = read("FirstDayOfWeek", int32_t(0)).ToLong();
+    refusals.Check("FirstDayOfWeek", [&] {
+      if (firstDay < vbUseSystemDayOfWeek || firstDay > vbSaturday)
+        RaiseRuntimeError(rtInvalidProcedureCall);
+      firstDayofWeek_ = firstDay;
+    });
+  });
   Tolerant([&] { activeMonthColor_ = read("ActiveMonthColor", vbButtonText).ToLong(); });
   Tolerant([&] { inactiveMonthColor_ = read("InactiveMonthColor", vbGrayText).ToLong(); });
   Tolerant([&] { presentDateColor_ = read("PresentDateColor", int32_t(255)).ToLong(); });
@@ -83,6 +134,7 @@ void MonthCalendar::ReadProperties(PropertyBag& bag) {
   Tolerant([&] { cboMonth_->SetListIndex(Month(value_) - 1); });
 
   AttachPrintClient();
+  refusals.RaiseFirst();
 }
 
 void MonthCalendar::WriteProperties(PropertyBag& bag) {

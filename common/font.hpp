@@ -22,4 +22,12 @@ public:
   }
 };
 
+// The largest size in points a control takes: text this large already fills a 32767-pixel
+// surface with a few characters.
+inline constexpr float MaxFontSize = 2048.0f;
+
+// The font a control keeps when given `font`: its name with bad UTF-8 mended. Raises 380
+// (nothing to keep) for a size that is not a number, not above 0 or beyond MaxFontSize.
+Font CheckedFont(const Font& font);
+
 } // namespace tarnbrook

@@ -8,6 +8,37 @@ bool IsContinuationByte(char c) {
 }
 } // namespace
 
+std::string MendUtf8(std::string_view text) {
+  std::string mended;
+  mended.reserve(text.size());
+  size_t i = 0;
+  while (i < text.size()) {
+    const auto lead = static_cast<unsigned char>(text[i]);
+    size_t length = lead < 0x80                    ? 1
+                    : lead >= 0xC2 && lead <= 0xDF ? 2
+                    : lead >= 0xE0 && lead <= 0xEF ? 3
+                    : lead >= 0xF0 && lead <= 0xF4 ? 4
+                                                   : 0;
+    bool good = length > 0 && i + length <= text.size();
+    for (size_t k = 1; good && k < length; ++k)
+      good = IsContinuationByte(text[i + k]);
+    if (good && length >= 3) {
+      // The second byte's range rules out overlong forms, surrogates and values past U+10FFFF.
+      const auto second = static_cast<unsigned char>(text[i + 1]);
+      good = !(lead == 0xE0 && second < 0xA0) && !(lead == 0xED && second > 0x9F) &&
+             !(lead == 0xF0 && second < 0x90) && !(lead == 0xF4 && second > 0x8F);
+    }
+    if (good) {
+      mended.append(text.substr(i, length));
+      i += length;
+    } else {
+      mended += "\xEF\xBF\xBD";
+      ++i;
+    }
+  }
+  return mended;
+}
+
 size_t Utf8Length(std::string_view text) {
   size_t count = 0;
   for (char c : text) {

@@ -64,7 +64,8 @@ void DatePicker::SetValue(const Variant& value) {
     empty_ = true;
   } else if (IsDateValue(value)) {
     const tarnbrook::DateValue date = value.ToDate();
-    if (date < minDate_ || date > maxDate_)
+    // Not a number fails every comparison: it is outside the limits too.
+    if (!(date >= minDate_ && date <= maxDate_))
       throw ControlError(2050, "DatePicker",
                          "The Date specified doesn't fall within the Min/Max Values");
     value_ = date;
@@ -84,6 +85,7 @@ tarnbrook::DateValue DatePicker::TimeValue() const {
 }
 
 void DatePicker::SetMinDate(tarnbrook::DateValue value) {
+  CheckDateRange(value);
   if (value > maxDate_)
     throw ControlError(1068, "DatePicker", "MinDate can't be larger than MaxDate");
   minDate_ = value;
@@ -92,6 +94,7 @@ void DatePicker::SetMinDate(tarnbrook::DateValue value) {
 }
 
 void DatePicker::SetMaxDate(tarnbrook::DateValue value) {
+  CheckDateRange(value);
   if (value < minDate_)
     throw ControlError(1070, "DatePicker", "MaxDate can't be smaller than MinDate");
   maxDate_ = value;
@@ -153,6 +156,8 @@ void DatePicker::SetButton(int32_t buttons) {
 }
 
 void DatePicker::SetButtonWidth(int32_t width) {
+  if (width < INT16_MIN || width > INT16_MAX) // it is saved as a 16-bit integer
+    RaiseRuntimeError(rtOverflow);
   buttonWidth_ = width;
   LayoutButtons();
   Redraw();
@@ -206,7 +211,7 @@ void DatePicker::SetShowFocusRect(bool show) {
 }
 
 void DatePicker::SetFont(const tarnbrook::Font& font) {
-  font_ = font;
+  font_ = CheckedFont(font);
   RebuildFields();
   Redraw();
   PropertyChanged("Font");

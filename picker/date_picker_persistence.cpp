@@ -135,7 +135,8 @@ void DatePicker::ReadProperties(PropertyBag& bag) {
       key.set(*this, bag.ReadProperty(key.name, key.defaultValue));
     } catch (const ControlError& error) {
       if (!refused)
-        refused = error;
+        refused = ControlError(error.Number(), error.Source(),
+                               std::string("property '") + key.name + "': " + error.Description());
     }
   }
   loading_ = false;

@@ -1,4 +1,6 @@
 // The calendar at the ends of the runtime's dates, and errors raised while it handles input.
+#include <limits>
+
 #include "tests/calendar/calendar_fixture.hpp"
 
 namespace tarnbrook {
@@ -86,4 +88,55 @@ TEST(CalendarWithoutForm, AnErrorInAHandlerBeeps) {
 
 } // namespace
 
+} // namespace tarnbrook
+
+namespace tarnbrook {
+namespace {
+
+// Every setter refuses what the calendar could not show, and keeps what it had.
+TEST_F(CalendarTest, ValuesItCouldNotShowAreRefusedAndNothingIsKept) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const double inf = std::numeric_limits<double>::infinity();
+  const DateValue value = calendar->Value();
+  for (DateValue bad : {nan, inf, -inf, DateSerial(100, 1, 1) - 1, DateSerial(9999, 12, 31) + 1}) {
+    EXPECT_EQ(RaisedNumber([&] { calendar->SetValue(bad); }), 5);
+    EXPECT_EQ(RaisedNumber([&] { calendar->SetMinDate(bad); }), 5);
+    EXPECT_EQ(RaisedNumber([&] { calendar->SetMaxDate(bad); }), 5);
+  }
+  for (int32_t day : {-1, 8, INT32_MAX, INT32_MIN})
+    EXPECT_EQ(RaisedNumber([&] { calendar->SetFirstDayofWeek(day); }), 5);
+  for (int32_t year : {-1, 99, 10000, INT32_MAX})
+    EXPECT_EQ(RaisedNumber([&] { calendar->SetSelectedYear(year); }), 5);
+  Font font = calendar->Font();
+  for (float size : {std::numeric_limits<float>::quiet_NaN(), 0.0f, -3.0f, 2049.0f, 1e30f}) {
+    Font huge = font;
+    huge.Size = size;
+    EXPECT_EQ(RaisedNumber([&] { calendar->SetFont(huge); }), 380);
+  }
+  EXPECT_EQ(calendar->Value(), value);
+  EXPECT_EQ(calendar->MinDate(), DateSerial(1601, 1, 1));
+  EXPECT_EQ(calendar->MaxDate(), DateSerial(9999, 12, 31));
+  EXPECT_EQ(calendar->FirstDayofWeek(), 0);
+  EXPECT_EQ(calendar->SelectedYear(), 2026);
+  EXPECT_EQ(calendar->Font(), font);
+  EXPECT_TRUE(ChangedKeys().empty());
+  EXPECT_EQ(RaisedNumber([&] { calendar->Refresh(); }), 0);
+
+  // The ends themselves are taken.
+  calendar->SetMinDate(DateSerial(100, 1, 1));
+  calendar->SetValue(DateSerial(100, 1, 1));
+  calendar->SetFirstDayofWeek(7);
+  calendar->SetSelectedYear(9999);
+  EXPECT_EQ(calendar->SelectedYear(), 9999);
+}
+
+TEST_F(CalendarTest, AFontNameThatIsNotUtf8IsMendedAndTheFormSaves) {
+  Font font = calendar->Font();
+  font.Name = "Ta\xFFhoma\xC3";
+  calendar->SetFont(font);
+  EXPECT_EQ(calendar->Font().Name, "Ta\xEF\xBF\xBDhoma\xEF\xBF\xBD");
+  EXPECT_EQ(RaisedNumber([&] { form.SaveToText(); }), 0);
+}
+
+} // namespace
 } // namespace tarnbrook
