@@ -30,7 +30,7 @@ Size MeasureLine(const Font& font, std::string_view text, bool mnemonics) {
   if (text.empty())
     return {0, lineHeight};
   Rect bounds;
-  canvas.DrawText(text, &bounds, DT_CALCRECT | DT_SINGLELINE | (mnemonics ? 0 : DT_NOPREFIX));
+  canvas.DrawText(text, &bounds, DT_CALCRECT | DT_SINGLELINE | (mnemonics ? 0u : uint32_t{DT_NOPREFIX}));
   return {bounds.Width(), lineHeight};
 }
 
