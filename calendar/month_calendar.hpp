@@ -164,6 +164,10 @@ public:
 protected:
   void OnPaint() override;
   void OnResize() override;
+  void ConstrainSize(int32_t& width, int32_t& height) const override {
+    width = FixedWidth;
+    height = FixedHeight;
+  }
   void OnMouseDown(int16_t button, int16_t shift, float x, float y) override;
   void OnMouseMove(int16_t button, int16_t shift, float x, float y) override;
   void OnMouseUp(int16_t button, int16_t shift, float x, float y) override;

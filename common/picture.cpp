@@ -45,7 +45,24 @@ Picture::Picture(int width, int height, std::vector<uint32_t> pixels)
     RaiseRuntimeError(rtInvalidPicture);
 }
 
+namespace {
+
+// The size a PNG's header claims: signature, then the IHDR chunk's width and height.
+uint64_t ClaimedPixels(const std::vector<uint8_t>& bytes) {
+  if (bytes.size() < 24 || std::memcmp(bytes.data() + 12, "IHDR", 4) != 0)
+    return 0;
+  auto word = [&](size_t at) {
+    return uint64_t(bytes[at]) << 24 | uint64_t(bytes[at + 1]) << 16 |
+           uint64_t(bytes[at + 2]) << 8 | uint64_t(bytes[at + 3]);
+  };
+  return word(16) * word(20);
+}
+
+} // namespace
+
 Picture Picture::FromPngBytes(const std::vector<uint8_t>& bytes) {
+  if (ClaimedPixels(bytes) > MaxPixels)
+    RaiseRuntimeError(rtInvalidPicture);
   ReadCursor cursor{&bytes, 0};
   SurfacePtr loaded(cairo_image_surface_create_from_png_stream(ReadBytes, &cursor),
                     cairo_surface_destroy);

@@ -13,7 +13,11 @@ public:
   Picture() = default;
   Picture(int width, int height, std::vector<uint32_t> pixels);
 
-  // Raise ControlError 481 "Invalid picture" for data that is not a PNG image.
+  // The most pixels a picture may have (4096 x 4096): a small file can claim a huge image.
+  static constexpr uint64_t MaxPixels = 4096ull * 4096ull;
+
+  // Raise ControlError 481 "Invalid picture" for data that is not a PNG image, or one of
+  // more than MaxPixels pixels (refused before it is decoded).
   static Picture FromPngBytes(const std::vector<uint8_t>& bytes);
   static Picture FromPngFile(const std::string& path);
   std::vector<uint8_t> ToPngBytes() const;

@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "common/control_error.hpp"
 #include "common/picture.hpp"
 #include "draw/canvas_impl.hpp"
 
@@ -39,7 +40,12 @@ void Canvas::Impl::Fill(Rect r, uint32_t pixel) {
 }
 
 Canvas::Canvas(int32_t width, int32_t height) : impl_(std::make_unique<Impl>()) {
-  Resize(width, height);
+  try {
+    Resize(width, height);
+  } catch (...) {
+    cairo_surface_destroy(impl_->surface); // no destructor runs for a refused canvas
+    throw;
+  }
 }
 
 Canvas::~Canvas() {
@@ -57,10 +63,20 @@ void Canvas::Resize(int32_t width, int32_t height) {
   }
   if (impl_->surface) {
     cairo_surface_destroy(impl_->surface);
+    impl_->surface = nullptr;
+  }
+  // A failed image is never kept: the canvas is left without pixels, 0 x 0.
+  impl_->pixels = nullptr;
+  impl_->width = impl_->height = impl_->stride = 0;
+  if (width > MaxSize || height > MaxSize) {
+    impl_->surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 0, 0);
+    RaiseRuntimeError(rtOverflow, "Canvas");
   }
   impl_->surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
   if (cairo_surface_status(impl_->surface) != CAIRO_STATUS_SUCCESS) {
-    throw std::bad_alloc();
+    cairo_surface_destroy(impl_->surface);
+    impl_->surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 0, 0);
+    RaiseRuntimeError(7, "Canvas"); // out of memory
   }
   impl_->pixels = reinterpret_cast<uint32_t*>(cairo_image_surface_get_data(impl_->surface));
   impl_->width = width;

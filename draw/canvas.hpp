@@ -102,7 +102,10 @@ public:
   Canvas(const Canvas&) = delete;
   Canvas& operator=(const Canvas&) = delete;
 
-  void Resize(int32_t width, int32_t height); // the same size keeps the pixels
+  // The same size keeps the pixels. Raises 6 for a side beyond MaxSize and 7 when the image
+  // cannot be had; the canvas is then 0 x 0.
+  void Resize(int32_t width, int32_t height);
+  static constexpr int32_t MaxSize = 32767;
   int32_t Width() const;
   int32_t Height() const;
 

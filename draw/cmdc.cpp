@@ -218,7 +218,7 @@ void cMDC::Resize(int32_t width, int32_t height) {
   if (width <= 0 || height <= 0) {
     return; // no bitmap of that size: no surface
   }
-  canvas_ = std::make_unique<Canvas>(width, height);
+  canvas_ = std::make_unique<Canvas>(width, height); // may refuse: no surface, size 0
   width_ = width;
   height_ = height;
   // An untranslatable back colour leaves the new image white.

@@ -28,6 +28,10 @@ struct DisplayText {
   int32_t mnemonicEnd = -1;
 };
 
+// The largest text image kept: a side of the largest surface, and 64 MiB of coverage.
+constexpr int32_t MaxMaskSide = 32767;
+constexpr int64_t MaxMaskPixels = 64ll << 20;
+
 // Text from outside may not be UTF-8: its bad bytes show as the replacement character
 // instead of Pango refusing the whole text.
 std::string ValidUtf8(std::string_view text) {
@@ -223,6 +227,11 @@ ShapedText TextEngine::Rasterise(const FontSpec& font, std::string_view text, ui
       maxY = std::max(maxY, ty);
     }
   }
+  // Pango's sizes are ints; turned, they may not be: kept where the casts are defined.
+  minX = std::clamp(minX, -1e9, 1e9);
+  minY = std::clamp(minY, -1e9, 1e9);
+  maxX = std::clamp(maxX, minX, 1e9);
+  maxY = std::clamp(maxY, minY, 1e9);
   shaped.maskX = static_cast<int32_t>(std::floor(minX));
   shaped.maskY = static_cast<int32_t>(std::floor(minY));
   shaped.maskWidth = static_cast<int32_t>(std::ceil(maxX)) - shaped.maskX;
@@ -232,8 +241,18 @@ ShapedText TextEngine::Rasterise(const FontSpec& font, std::string_view text, ui
     return shaped;
   }
 
+  // Text larger than any surface is cut to what one could show, from its top-left.
+  shaped.maskWidth = std::min(shaped.maskWidth, MaxMaskSide);
+  shaped.maskHeight = std::min(shaped.maskHeight, MaxMaskSide);
+  shaped.maskWidth = static_cast<int32_t>(
+      std::min<int64_t>(shaped.maskWidth, MaxMaskPixels / std::max(shaped.maskHeight, 1)));
   cairo_surface_t* mask =
       cairo_image_surface_create(CAIRO_FORMAT_A8, shaped.maskWidth, shaped.maskHeight);
+  if (cairo_surface_status(mask) != CAIRO_STATUS_SUCCESS) {
+    cairo_surface_destroy(mask);
+    shaped.maskWidth = shaped.maskHeight = 0; // measured, but drawn as nothing
+    return shaped;
+  }
   cairo_t* cr = cairo_create(mask);
   cairo_translate(cr, -shaped.maskX, -shaped.maskY);
   cairo_rotate(cr, angle);

@@ -1,9 +1,14 @@
 #include "host/container.hpp"
 
-#include <fstream>
-#include <sstream>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
 
 #include "common/control_error.hpp"
+#include "common/text.hpp"
 #include "host/control_registry.hpp"
 #include "host/form_file.hpp"
 #include "platform/escaped_error.hpp"
@@ -24,8 +29,36 @@ bool SameName(const std::string& a, const std::string& b) {
   return true;
 }
 
+// Names and texts from the file are echoed as mended UTF-8.
 [[noreturn]] void LoadFailure(const std::string& fileName, const std::string& message) {
-  throw ControlError(errFormFileLoad, "Tarnbrook", "Form file '" + fileName + "': " + message);
+  throw ControlError(errFormFileLoad, "Tarnbrook",
+                     MendUtf8("Form file '" + fileName + "': " + message));
+}
+
+[[noreturn]] void SaveFailure(const std::string& path, const std::string& what) {
+  throw ControlError(errFormFileSave, "Tarnbrook",
+                     MendUtf8("Form file '" + path + "': cannot be written (" + what + ")"));
+}
+
+// Closes a descriptor when it goes.
+struct Descriptor {
+  int fd;
+  ~Descriptor() {
+    if (fd >= 0)
+      ::close(fd);
+  }
+};
+
+bool WriteAll(int fd, const std::string& text) {
+  for (size_t done = 0; done < text.size();) {
+    ssize_t n = ::write(fd, text.data() + done, text.size() - done);
+    if (n < 0 && errno == EINTR)
+      continue;
+    if (n <= 0)
+      return false;
+    done += size_t(n);
+  }
+  return true;
 }
 
 } // namespace
@@ -147,11 +180,33 @@ std::string Container::SaveToText(const std::string& fileName) const {
   return WriteFormText(records, fileName);
 }
 
+// The text goes to a new file beside the old one, reaches the disk, and only then takes the
+// old one's name: a failure at any step leaves the old file as it was.
 void Container::SaveToFile(const std::string& path) const {
   std::string text = SaveToText(path);
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  if (!(file << text) || !file.flush())
-    throw ControlError(errFormFileSave, "Tarnbrook", "Form file '" + path + "': cannot be written");
+  std::string temporary = path + ".XXXXXX";
+  Descriptor file{::mkstemp(temporary.data())};
+  if (file.fd < 0)
+    SaveFailure(path, std::strerror(errno));
+  bool written = WriteAll(file.fd, text) && ::fsync(file.fd) == 0;
+  int error = errno;
+  if (written) {
+    written = ::close(std::exchange(file.fd, -1)) == 0;
+    error = errno;
+  }
+  if (written && ::rename(temporary.c_str(), path.c_str()) != 0) {
+    written = false;
+    error = errno;
+  }
+  if (!written) {
+    ::unlink(temporary.c_str());
+    SaveFailure(path, std::strerror(error));
+  }
+  // The new name reaches the disk with the folder.
+  std::string folder =
+      path.find('/') == std::string::npos ? "." : path.substr(0, path.rfind('/') + 1);
+  if (Descriptor directory{::open(folder.c_str(), O_RDONLY | O_DIRECTORY)}; directory.fd >= 0)
+    ::fsync(directory.fd);
 }
 
 void Container::LoadFromText(const std::string& text, const std::string& fileName) {
@@ -169,30 +224,57 @@ void Container::LoadFromText(const std::string& text, const std::string& fileNam
                   "control '" + record.Name + "' has the unknown class '" + record.ClassName + "'");
     if (record.Name.empty())
       LoadFailure(fileName, "a control of class '" + record.ClassName + "' has no name");
-    std::unique_ptr<Control> control = (*factory)(hwnd_);
-    if (!control)
-      LoadFailure(fileName, "class '" + record.ClassName + "' made no control");
-    Entry entry = Place(std::move(control), record.Name, record.Bounds);
-    entry.control->SetVisible(false);
     try {
-      entry.control->ReadProperties(record.Properties);
+      std::unique_ptr<Control> control = (*factory)(hwnd_);
+      if (!control)
+        LoadFailure(fileName, "class '" + record.ClassName + "' made no control");
+      Entry entry = Place(std::move(control), record.Name, record.Bounds);
+      entry.control->SetVisible(false);
+      loaded.push_back(std::move(entry));
+      loaded.back().control->ReadProperties(record.Properties);
     } catch (const ControlError& error) {
+      if (error.Number() == errFormFileLoad)
+        throw;
       LoadFailure(fileName, "control '" + record.Name + "': " + error.Description());
+    } catch (const std::bad_alloc&) {
+      LoadFailure(fileName, "control '" + record.Name + "': out of memory");
     }
-    loaded.push_back(std::move(entry));
   }
   entries_.swap(loaded);
   for (Entry& entry : entries_)
     entry.control->SetVisible(true);
 }
 
+// Only a regular file of at most MaxFormFileBytes is read: a device or a pipe could give
+// bytes for ever, or none.
 void Container::LoadFromFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file)
-    LoadFailure(path, "cannot be opened");
-  std::ostringstream text;
-  text << file.rdbuf();
-  LoadFromText(text.str(), path);
+  Descriptor file{::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)};
+  if (file.fd < 0)
+    LoadFailure(path, std::string("cannot be opened (") + std::strerror(errno) + ")");
+  struct stat status {};
+  if (::fstat(file.fd, &status) != 0)
+    LoadFailure(path, std::string("cannot be read (") + std::strerror(errno) + ")");
+  if (S_ISDIR(status.st_mode))
+    LoadFailure(path, "is a folder, not a form file");
+  if (!S_ISREG(status.st_mode))
+    LoadFailure(path, "is not a regular file (a device, pipe or socket)");
+  if (uint64_t(status.st_size) > MaxFormFileBytes)
+    LoadFailure(path, "is larger than " + std::to_string(MaxFormFileBytes >> 20) + " MiB");
+  std::string text;
+  char buffer[65536];
+  for (;;) {
+    ssize_t n = ::read(file.fd, buffer, sizeof buffer);
+    if (n < 0 && errno == EINTR)
+      continue;
+    if (n < 0)
+      LoadFailure(path, std::string("cannot be read (") + std::strerror(errno) + ")");
+    if (n == 0)
+      break;
+    if (text.size() + size_t(n) > MaxFormFileBytes) // it grew while being read
+      LoadFailure(path, "is larger than " + std::to_string(MaxFormFileBytes >> 20) + " MiB");
+    text.append(buffer, size_t(n));
+  }
+  LoadFromText(text, path);
 }
 
 } // namespace tarnbrook

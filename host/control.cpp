@@ -85,6 +85,11 @@ int32_t Control::ScaleHeight() const {
 }
 
 void Control::Move(int32_t left, int32_t top, int32_t width, int32_t height) {
+  ConstrainSize(width, height);
+  // No surface is larger; a far edge beyond the coordinates would not be one.
+  if (width < 0 || height < 0 || width > MaxSurfaceSize || height > MaxSurfaceSize ||
+      int64_t(left) + width > INT32_MAX || int64_t(top) + height > INT32_MAX)
+    RaiseRuntimeError(rtInvalidPropertyValue);
   Platform::Current().MoveWindow(hwnd_, left, top, width, height, true);
 }
 

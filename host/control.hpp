@@ -43,8 +43,11 @@ public:
   int32_t Height() const;
   int32_t ScaleWidth() const;
   int32_t ScaleHeight() const;
-  // Position and size in pixels, relative to the parent's client area.
+  // Position and size in pixels, relative to the parent's client area. Raises 380 for a size
+  // beyond MaxSurfaceSize or negative, or a far edge beyond the largest coordinate; nothing
+  // moves then.
   void Move(int32_t left, int32_t top, int32_t width, int32_t height);
+  static constexpr int32_t MaxSurfaceSize = 32767;
 
   bool Visible() const;
   void SetVisible(bool visible);
@@ -90,6 +93,9 @@ protected:
   // Whether the control takes the focus at all (a label does not): a press on it leaves the
   // focus where it is, and Tab passes it over whatever its TabStop.
   virtual bool Focusable() const { return true; }
+
+  // A control of a fixed size puts the size it is given to it before it is moved.
+  virtual void ConstrainSize(int32_t& /*width*/, int32_t& /*height*/) const {}
 
   // Messages not routed above; the default handles nothing.
   virtual LRESULT WindowMessage(UINT msg, WPARAM wParam, LPARAM lParam);

@@ -9,6 +9,7 @@
 #include "common/control_error.hpp"
 #include "common/font.hpp"
 #include "common/picture.hpp"
+#include "common/text.hpp"
 #include "host/base64.hpp"
 
 namespace tarnbrook {
@@ -243,6 +244,14 @@ ControlRecord DecodeControl(const Json& json, const std::string& place) {
   };
   int32_t left = coordinate("left"), top = coordinate("top");
   int32_t width = coordinate("width"), height = coordinate("height");
+  // A window is at most MaxControlSize pixels either way, and its far edges must still be
+  // coordinates.
+  for (auto [key, size] : {std::pair{"width", width}, std::pair{"height", height}}) {
+    if (size < 0 || size > MaxControlSize)
+      Fail(place + "." + key, "expected a size from 0 to " + std::to_string(MaxControlSize));
+  }
+  if (int64_t(left) + width > INT32_MAX || int64_t(top) + height > INT32_MAX)
+    Fail(place, "the control's far edge lies beyond the largest coordinate");
   record.Bounds = {left, top, left + width, top + height};
 
   const Json& properties = Member(json, "properties", place);
@@ -289,6 +298,22 @@ class PlacedParser : public nlohmann::detail::json_sax_dom_parser<Json> {
 public:
   explicit PlacedParser(Json& root) : json_sax_dom_parser(root, false) {}
 
+  // Nesting is bounded: no form needs more, and deeper would only cost stack later.
+  bool start_object(size_t elements) {
+    return Deeper() && json_sax_dom_parser::start_object(elements);
+  }
+  bool end_object() {
+    --depth_;
+    return json_sax_dom_parser::end_object();
+  }
+  bool start_array(size_t elements) {
+    return Deeper() && json_sax_dom_parser::start_array(elements);
+  }
+  bool end_array() {
+    --depth_;
+    return json_sax_dom_parser::end_array();
+  }
+
   template <class Exception>
   bool parse_error(size_t byte, const std::string& token, const Exception& error) {
     if constexpr (std::is_same_v<Exception, Json::out_of_range>) {
@@ -304,10 +329,45 @@ public:
   size_t Byte() const { return byte_; }
   const std::string& What() const { return what_; }
 
+  bool TooDeep() const { return tooDeep_; }
+
 private:
+  bool Deeper() {
+    if (++depth_ <= MaxFormNesting)
+      return true;
+    tooDeep_ = true;
+    return false;
+  }
+
   size_t byte_ = 0;
   std::string what_;
+  size_t depth_ = 0;
+  bool tooDeep_ = false;
 };
+
+// Where the first too-deep bracket stands: the byte after MaxFormNesting open brackets not yet
+// closed, outside strings.
+size_t TooDeepByte(const std::string& text) {
+  size_t depth = 0;
+  bool inString = false;
+  for (size_t i = 0; i < text.size(); ++i) {
+    char c = text[i];
+    if (inString) {
+      if (c == '\\')
+        ++i;
+      else if (c == '"')
+        inString = false;
+    } else if (c == '"') {
+      inString = true;
+    } else if (c == '[' || c == '{') {
+      if (++depth > MaxFormNesting)
+        return i + 1;
+    } else if (c == ']' || c == '}') {
+      --depth;
+    }
+  }
+  return text.size();
+}
 
 std::string FilePrefix(const std::string& fileName) {
   return "Form file '" + fileName + "': ";
@@ -339,12 +399,20 @@ std::string WriteFormText(const std::vector<ControlRecord>& controls, const std:
 }
 
 std::vector<ControlRecord> ReadFormText(const std::string& text, const std::string& fileName) {
+  // Text of a form file: its bytes are echoed in messages only as mended UTF-8.
+  auto refuse = [&](const std::string& message) -> ControlError {
+    return ControlError(errFormFileLoad, "Tarnbrook", MendUtf8(FilePrefix(fileName) + message));
+  };
+  if (size_t nul = text.find('\0'); nul != std::string::npos)
+    throw refuse(SyntaxErrorMessage(text, nul + 1, "a NUL byte, which no form file holds"));
   Json form;
   PlacedParser parser(form);
   if (!Json::sax_parse(text, &parser)) {
-    throw ControlError(errFormFileLoad, "Tarnbrook",
-                       FilePrefix(fileName) +
-                           SyntaxErrorMessage(text, parser.Byte(), parser.What()));
+    if (parser.TooDeep())
+      throw refuse(SyntaxErrorMessage(text, TooDeepByte(text),
+                                      "nested more than " + std::to_string(MaxFormNesting) +
+                                          " levels deep"));
+    throw refuse(SyntaxErrorMessage(text, parser.Byte(), parser.What()));
   }
   try {
     if (!form.is_object())
@@ -359,8 +427,7 @@ std::vector<ControlRecord> ReadFormText(const std::string& text, const std::stri
       controls.push_back(DecodeControl(list[i], "controls[" + std::to_string(i) + "]"));
     return controls;
   } catch (const FormFault& fault) {
-    throw ControlError(errFormFileLoad, "Tarnbrook",
-                       FilePrefix(fileName) + fault.place + ": " + fault.message);
+    throw refuse(fault.place + ": " + fault.message);
   }
 }
 

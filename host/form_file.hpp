@@ -11,6 +11,13 @@ namespace tarnbrook {
 constexpr int32_t errFormFileSave = 31036; // "Error saving to file"
 constexpr int32_t errFormFileLoad = 31037; // "Error loading from file"
 
+// Limits of what a form file may hold: brackets nested deeper than MaxFormNesting, a control
+// wider or taller than MaxControlSize pixels (the largest surface) and a file larger than
+// MaxFormFileBytes are refused, as is a picture beyond Picture::MaxPixels.
+constexpr size_t MaxFormNesting = 64;
+constexpr int32_t MaxControlSize = 32767;
+constexpr uint64_t MaxFormFileBytes = 64ull << 20; // 64 MiB
+
 // One control as a form file keeps it.
 struct ControlRecord {
   std::string ClassName;

@@ -154,7 +154,8 @@ TEST_F(FormFileTest, LoadingReplacesTheControlsInTheFileOrder) {
 TEST_F(FormFileTest, MissingFileAndUnsavableObjectAreRefused) {
   ControlError missing = Raised([&] { form.LoadFromFile("/nonexistent/form.json"); });
   EXPECT_EQ(missing.Number(), 31037);
-  EXPECT_EQ(missing.Description(), "Form file '/nonexistent/form.json': cannot be opened");
+  EXPECT_EQ(missing.Description(),
+            "Form file '/nonexistent/form.json': cannot be opened (No such file or directory)");
   AddProbe(form, "P").extras.WriteProperty("Odd", std::make_shared<Object>(), Variant());
   ControlError unsavable = Raised([&] { form.SaveToText("f.json"); });
   EXPECT_EQ(unsavable.Number(), 31036);

@@ -1,6 +1,7 @@
 // Values the picker could not show or save are refused before anything is stored.
 #include <limits>
 
+#include "host/control_registry.hpp"
 #include "tests/picker/picker_fixture.hpp"
 
 namespace tarnbrook {
@@ -38,6 +39,45 @@ TEST_F(PickerTest, DatesOutsideTheRuntimesAreRefusedAndNothingIsKept) {
   picker->SetButtonWidth(-32768);
   picker->SetButtonWidth(32767);
   EXPECT_EQ(RaisedNumber([&] { form.SaveToText(); }), 0);
+}
+
+} // namespace
+} // namespace tarnbrook
+
+namespace tarnbrook {
+namespace {
+
+TEST_F(PickerTest, AFormFileRefusalNamesTheControlAndTheProperty) {
+  RegisterControlClass<DatePicker>("DatePicker");
+  RegisterControlClass<MonthCalendar>("MonthCalendar");
+  auto file = [](const std::string& cls, const std::string& properties) {
+    return R"({"version": 1, "controls": [{"class": ")" + cls +
+           R"(", "name": "X1", "left": 0, "top": 0, "width": 40, "height": 20, "properties": )" +
+           properties + "}]}";
+  };
+  auto refusal = [&](const std::string& text) {
+    ControlError error = Raised([&] { form.LoadFromText(text, "f"); });
+    EXPECT_EQ(error.Number(), 31037);
+    EXPECT_EQ(form.Find(Name), picker) << "the form is as it was";
+    return error.Description();
+  };
+  EXPECT_EQ(refusal(file("DatePicker", R"({"FirstDayofWeek": {"Long": 9}})")),
+            "Form file 'f': control 'X1': property 'FirstDayofWeek': Invalid procedure call or "
+            "argument");
+  EXPECT_EQ(refusal(file("DatePicker", R"({"MinDate": {"Date": "NaN"}})")),
+            "Form file 'f': control 'X1': property 'MinDate': Invalid procedure call or argument");
+  EXPECT_EQ(refusal(file("MonthCalendar", R"({"Value": {"Date": 1e300}})")),
+            "Form file 'f': control 'X1': property 'Value': Invalid procedure call or argument");
+  EXPECT_EQ(refusal(file("MonthCalendar", R"({"Font": {"Font": {"name": "T", "size": 1e9}}})")),
+            "Form file 'f': control 'X1': property 'Font': Invalid property value");
+}
+
+TEST(CalendarSize, StaysFixedWhateverItIsGiven) {
+  MemoryPlatform platform;
+  MonthCalendar calendar;
+  calendar.Move(5, 5, 40000, 100000);
+  EXPECT_EQ(calendar.ScaleWidth(), MonthCalendar::FixedWidth);
+  EXPECT_EQ(calendar.ScaleHeight(), MonthCalendar::FixedHeight);
 }
 
 } // namespace

@@ -1,0 +1,148 @@
+// Form files a careless host or a hostile user may hand over, and saves that fail half way.
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+
+#include "host/base64.hpp"
+#include "host/container.hpp"
+#include "host/control_registry.hpp"
+#include "host/form_file.hpp"
+#include "platform/memory/memory_platform.hpp"
+#include "tests/host/test_support.hpp"
+
+namespace tarnbrook {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string ReadFile(const fs::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+class FormFileLimitsTest : public ::testing::Test {
+protected:
+  FormFileLimitsTest() {
+    RegisterControlClass<ProbeControl>("ProbeControl");
+    fs::remove_all(folder);
+    fs::create_directories(folder);
+    form.Add(std::make_unique<ProbeControl>(), "Probe", 10, 20, 120, 40);
+  }
+  ~FormFileLimitsTest() override { fs::remove_all(folder); }
+
+  // The description of the refusal of `action`, which must be `number`.
+  std::string Refusal(int32_t number, const std::function<void()>& action) {
+    ControlError error = Raised(action);
+    EXPECT_EQ(error.Number(), number) << error.Description();
+    EXPECT_EQ(form.Count(), 1u) << "a refused file leaves the form as it was";
+    return error.Description();
+  }
+  std::string ControlText(const std::string& fields, const std::string& properties = "{}") {
+    return R"({"version": 1, "controls": [{"class": "ProbeControl", "name": "P", )" + fields +
+           R"(, "properties": )" + properties + "}]}";
+  }
+
+  MemoryPlatform platform;
+  Container form;
+  fs::path folder = fs::temp_directory_path() / ("tarnbrook-limits-" + std::to_string(getpid()));
+};
+
+TEST_F(FormFileLimitsTest, AFailedSaveLeavesTheOldFileAndNoLitter) {
+  const fs::path path = folder / "form.json";
+  form.SaveToFile(path.string());
+  const std::string good = ReadFile(path);
+  static_cast<ProbeControl&>(*form.Find("Probe"))
+      .extras.WriteProperty("Long", std::string(4096, 'x'), Variant());
+
+  // The disk fills up half way through the new text (a file size limit does it here).
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit old{};
+  getrlimit(RLIMIT_FSIZE, &old);
+  rlimit small = old;
+  small.rlim_cur = 1024;
+  setrlimit(RLIMIT_FSIZE, &small);
+  ControlError refused = Raised([&] { form.SaveToFile(path.string()); });
+  setrlimit(RLIMIT_FSIZE, &old);
+  std::signal(SIGXFSZ, SIG_DFL);
+
+  EXPECT_EQ(refused.Number(), 31036);
+  EXPECT_NE(refused.Description().find("cannot be written (File too large)"), std::string::npos);
+  EXPECT_EQ(ReadFile(path), good);
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1) << "the temporary file went";
+
+  form.SaveToFile(path.string()); // and a save that can be made replaces it
+  EXPECT_NE(ReadFile(path), good);
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1);
+  EXPECT_EQ(Refusal(31036, [&] { form.SaveToFile((folder / "no" / "form.json").string()); }),
+            "Form file '" + (folder / "no" / "form.json").string() +
+                "': cannot be written (No such file or directory)");
+}
+
+TEST_F(FormFileLimitsTest, OnlyRegularFilesOfBoundedSizeAreRead) {
+  const std::string dir = folder.string();
+  EXPECT_EQ(Refusal(31037, [&] { form.LoadFromFile(dir); }),
+            "Form file '" + dir + "': is a folder, not a form file");
+  const std::string fifo = (folder / "pipe").string();
+  ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+  EXPECT_EQ(Refusal(31037, [&] { form.LoadFromFile(fifo); }),
+            "Form file '" + fifo + "': is not a regular file (a device, pipe or socket)");
+  EXPECT_NE(Refusal(31037, [&] { form.LoadFromFile("/dev/zero"); }).find("not a regular file"),
+            std::string::npos);
+  const fs::path big = folder / "big.json";
+  std::ofstream(big).put(' ');
+  fs::resize_file(big, MaxFormFileBytes + 1); // sparse: nothing is written
+  EXPECT_NE(Refusal(31037, [&] { form.LoadFromFile(big.string()); }).find("larger than 64 MiB"),
+            std::string::npos);
+}
+
+TEST_F(FormFileLimitsTest, HostileTextIsRefusedWithWhatIsWrongAndWhere) {
+  auto load = [&](const std::string& text) {
+    return Refusal(31037, [&] { form.LoadFromText(text, "f"); });
+  };
+  EXPECT_EQ(
+      load(std::string("{\"version\": 1,\n \"co\0", 20)),
+      "Form file 'f': syntax error at line 2, column 5: a NUL byte, which no form file holds");
+  std::string deep = "{\"a\":" + std::string(150000, '[') + std::string(150000, ']') + "}";
+  EXPECT_EQ(load(deep), "Form file 'f': syntax error at line 1, column 69: nested more than 64 "
+                        "levels deep");
+  // Bytes from the file are echoed as text that can be shown.
+  EXPECT_EQ(load("{\"version\": 1, \"controls\": [{\"class\": \"No\xFF\xC3\"}]}"),
+            "Form file 'f': syntax error at line 1, column 42: invalid string: ill-formed UTF-8 "
+            "byte; last read: '\"No\xEF\xBF\xBD'");
+
+  // Sizes and edges beyond what a window can have.
+  EXPECT_EQ(
+      load(ControlText(R"("left": 2147483000, "top": 0, "width": 1000, "height": 10)")),
+      "Form file 'f': controls[0]: the control's far edge lies beyond the largest coordinate");
+  EXPECT_EQ(load(ControlText(R"("left": 0, "top": 0, "width": 40000, "height": 10)")),
+            "Form file 'f': controls[0].width: expected a size from 0 to 32767");
+  EXPECT_EQ(load(ControlText(R"("left": 0, "top": 0, "width": 10, "height": -1)")),
+            "Form file 'f': controls[0].height: expected a size from 0 to 32767");
+
+  // A small file claiming a huge picture: refused before it is decoded.
+  std::vector<uint8_t> png = {0x89, 'P', 'N',  'G',  13,  10,  26, 10, 0,    0,
+                              0,    13,  'I',  'H',  'D', 'R', 0,  0,  0x3E, 0x80,
+                              0,    0,   0x3E, 0x80, 8,   6,   0,  0,  0};
+  std::string message =
+      load(ControlText(R"("left": 0, "top": 0, "width": 10, "height": 10)",
+                       R"({"Image": {"Picture": ")" + EncodeBase64(png) + R"("}})"));
+  EXPECT_NE(message.find("controls[0].properties.Image"), std::string::npos) << message;
+}
+
+TEST_F(FormFileLimitsTest, AControlRefusesASizeNoSurfaceCanHold) {
+  Control& probe = *form.Find("Probe");
+  EXPECT_EQ(RaisedNumber([&] { probe.Move(0, 0, 40000, 180); }), 380);
+  EXPECT_EQ(RaisedNumber([&] { probe.Move(INT32_MAX, 0, 10, 10); }), 380);
+  EXPECT_EQ(RaisedNumber([&] { probe.Move(0, 0, -5, 10); }), 380);
+  EXPECT_EQ(probe.ScaleWidth(), 120);
+  probe.Move(0, 0, 32767, 1);
+  EXPECT_EQ(probe.ScaleWidth(), 32767);
+}
+
+} // namespace
+} // namespace tarnbrook
