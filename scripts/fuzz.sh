@@ -2,7 +2,7 @@
 # Builds the libFuzzer targets (Clang, address and undefined-behaviour sanitizers) and runs
 # each on its seed corpus for the given number of seconds (default 60).
 # Usage: scripts/fuzz.sh [seconds] [target...]   targets: conversions date_format
-#                                                format_cutter form_file
+#                                                format_cutter form_file form_values
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -10,7 +10,7 @@ seconds=${1:-60}
 shift || true
 targets=("$@")
 if [ ${#targets[@]} -eq 0 ]; then
-  targets=(conversions date_format format_cutter form_file)
+  targets=(conversions date_format format_cutter form_file form_values)
 fi
 
 build=build/fuzz
