@@ -99,6 +99,7 @@ void MonthCalendar::OnPaint() {
   }
 
   SelectFont(surface, font_, false);
+  surface.SetBackColor(headerColor_);
   DrawTextIn(surface, cboMonth_->Text(), layout::MonthNameRect, headerForeColor_, SingleLineRight);
   DrawTextIn(surface, displayedYear_, layout::YearRect, headerForeColor_);
 

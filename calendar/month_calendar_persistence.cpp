@@ -142,8 +142,6 @@ void MonthCalendar::WriteProperties(PropertyBag& bag) {
   bag.WriteProperty("BackDrawMode", backDrawMode_, int32_t(mvwBackTile));
   bag.WriteProperty("BackgroundImage", PictureVariant(backgroundImage_), Variant());
   bag.WriteProperty("HoverIcon", hoverIcon_, true);
-  // A date never equals the text default, so "MinDate" is always written, as the runtime
-  // does when it compares a date with a text.
   bag.WriteProperty("MinDate", Variant::Date(minDate_), MinDateText);
   bag.WriteProperty("MaxDate", Variant::Date(maxDate_), Variant::Date(LastDate()));
   bag.WriteProperty("Value", Variant::Date(value_), Variant()); // no default: always written

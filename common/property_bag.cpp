@@ -2,9 +2,23 @@
 
 #include <algorithm>
 
+#include "common/conversions.hpp"
 #include "common/text.hpp"
 
 namespace tarnbrook {
+namespace {
+
+// A date equals a text default that reads as the same date, as the runtime compares them.
+bool EqualsDefault(const Variant& value, const Variant& defaultValue) {
+  if (value == defaultValue)
+    return true;
+  if (value.VarType() != vbDate || defaultValue.VarType() != vbString)
+    return false;
+  const std::string text = defaultValue.ToString();
+  return IsDate(text) && CDate(text) == value.ToDate();
+}
+
+} // namespace
 
 Variant MemoryPropertyBag::ReadProperty(const std::string& name, const Variant& defaultValue) {
   for (const auto& [key, value] : entries_)
@@ -17,7 +31,7 @@ void MemoryPropertyBag::WriteProperty(const std::string& name, const Variant& va
                                       const Variant& defaultValue) {
   auto entry = std::find_if(entries_.begin(), entries_.end(),
                             [&](const auto& e) { return EqualsIgnoreCaseAscii(e.first, name); });
-  if (value == defaultValue) {
+  if (EqualsDefault(value, defaultValue)) {
     if (entry != entries_.end())
       entries_.erase(entry);
   } else if (entry != entries_.end()) {

@@ -14,6 +14,7 @@ public:
   // The stored value, or `defaultValue` when the key is absent.
   virtual Variant ReadProperty(const std::string& name, const Variant& defaultValue = {}) = 0;
   // Stores the value; a value equal to `defaultValue` is not stored (and any earlier one goes).
+  // A date equals a text default that reads as the same date.
   virtual void WriteProperty(const std::string& name, const Variant& value,
                              const Variant& defaultValue = {}) = 0;
 };

@@ -70,6 +70,18 @@ TEST_F(CalendarPaintTest, HeaderIsFilledUnlessItsColourIsNone) {
   WritePicture("calendar_paint_transparent_header.png");
 }
 
+// The header's texts are drawn over the header's colour, which the surface keeps.
+TEST_F(CalendarPaintTest, TheSurfaceKeepsTheHeadersColourAsItsBackColour) {
+  struct Probe : MonthCalendar {
+    using MonthCalendar::MonthCalendar;
+    int32_t SurfaceBackColor() { return Surface().BackColor(); }
+  } probe(form.hWnd());
+  probe.Move(0, 0, 204, 180);
+  probe.SetHeaderColor(RGB(0, 128, 0));
+  probe.Refresh();
+  EXPECT_EQ(probe.SurfaceBackColor(), RGB(0, 128, 0));
+}
+
 TEST_F(CalendarPaintTest, SeparatorsAndTheRaisedEdge) {
   for (int32_t y : {51, 148}) {
     EXPECT_EQ(Pixel(4, y), COLORREF(TranslateColor(vbButtonShadow)));

@@ -10,10 +10,10 @@ protected:
   int Shown() { return loaded.SelectedYear() * 100 + loaded.SelectedMonth(); }
 };
 
-TEST_F(PersistenceTest, NewCalendarSavesItsLimitsValueAndEmptyButton) {
+// Every key equal to its default is left out, the first date included (its default is a text).
+TEST_F(PersistenceTest, NewCalendarSavesOnlyItsValueAndEmptyButton) {
   calendar->WriteProperties(bag);
   EXPECT_EQ(bag.Entries(), (std::vector<std::pair<std::string, Variant>>{
-                               {"MinDate", Variant::Date(DateSerial(1601, 1, 1))},
                                {"Value", Variant::Date(DateSerial(2026, 11, 21))},
                                {"EmptyButton", false},
                                {"EmptyButtonCaption", "None"}}));

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "common/date_runtime.hpp"
 #include "common/property_bag.hpp"
 
 namespace tarnbrook {
@@ -34,9 +35,16 @@ TEST(PropertyBagTest, ValueEqualToDefaultIsOmittedAndRemovesAnEarlierOne) {
   bag.WriteProperty("emptybutton", true, true);
   EXPECT_FALSE(bag.Contains("EmptyButton"));
 
-  // Types other than numbers never equal each other.
+  // Types other than numbers never equal each other, but for a date and a text default that
+  // reads as the same date.
   bag.WriteProperty("MinDate", Variant::Date(0), 0.0);
   EXPECT_TRUE(bag.Contains("MinDate"));
+  bag.WriteProperty("MinDate", Variant::Date(DateSerial(1601, 1, 1)), "1/1/1601");
+  EXPECT_FALSE(bag.Contains("MinDate"));
+  bag.WriteProperty("MinDate", Variant::Date(DateSerial(1601, 1, 2)), "1/1/1601");
+  bag.WriteProperty("Caption", "1/1/1601", Variant::Date(DateSerial(1601, 1, 1)));
+  bag.WriteProperty("Text", Variant::Date(DateSerial(1601, 1, 1)), "no date");
+  EXPECT_EQ(bag.Entries().size(), 3u);
 }
 
 TEST(PropertyBagTest, EntriesStayInFirstWriteOrder) {
