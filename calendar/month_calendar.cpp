@@ -259,7 +259,11 @@ void MonthCalendar::Click() {
   if (belowMin || aboveMax) {
     restoringMonth_ = true;
     try {
-      cboMonth_->SetText(acceptedMonthText_);
+      // No month accepted yet (SelectedMonth 0) is the list without a selection.
+      if (acceptedMonthText_.empty())
+        cboMonth_->SetListIndex(-1);
+      else
+        cboMonth_->SetText(acceptedMonthText_);
     } catch (...) {
       restoringMonth_ = false;
       throw;

@@ -107,5 +107,17 @@ TEST_F(ModelTest, RefusedSettersRaiseTheirErrorsAndKeepTheirValues) {
   EXPECT_EQ(ChangedKeys().back(), "BackGroundImage");
 }
 
+// With no month accepted yet (month 0), a refused month sets the list back to none, silently.
+TEST_F(ModelTest, ARefusedMonthAfterMonthZeroGoesBackToNoMonth) {
+  calendar->SetMaxDate(DateSerial(2026, 11, 30));
+  calendar->SetSelectedMonth(0);
+  log.Take();
+  EXPECT_EQ(RaisedNumber([&] { calendar->SetSelectedMonth(12); }), 0);
+  EXPECT_EQ(calendar->SelectedMonth(), 0);
+  EXPECT_EQ(log.Take(), Log{});
+  calendar->SetSelectedMonth(10);
+  EXPECT_EQ(calendar->SelectedMonth(), 10);
+}
+
 } // namespace
 } // namespace tarnbrook
