@@ -6,6 +6,7 @@
 #include "common/conversions.hpp"
 #include "common/date_runtime.hpp"
 #include "common/locale.hpp"
+#include "host/about_box.hpp"
 #include "platform/platform.hpp"
 
 namespace tarnbrook {
@@ -243,7 +244,7 @@ void MonthCalendar::SetEnabled(bool enabled) {
 }
 
 void MonthCalendar::About() {
-  Site().MessageBox("Tarnbrook MonthCalendar\nDate-entry controls", "About MonthCalendar");
+  ShowAboutBox(ClassName(), Site().ContainerWindow() ? Site().ContainerWindow() : hWnd());
 }
 
 // --- Month handling and navigation ---

@@ -18,6 +18,8 @@
 
 namespace tarnbrook {
 
+struct ClassInfo;
+
 enum mvwAnimationTypes {
   mvwAnimateNone = 0,
   mvwAnimateBlend = 1,
@@ -87,6 +89,8 @@ public:
   explicit MonthCalendar(HWND parent = 0);
   ~MonthCalendar() override;
   std::string ClassName() const override { return "MonthCalendar"; }
+  // The calendar's members as hosts reach them by name.
+  static const ClassInfo& TypeInfo();
 
   void Connect(MonthCalendarEvents* sink) { events_.Connect(sink); }
   void Disconnect(MonthCalendarEvents* sink) { events_.Disconnect(sink); }

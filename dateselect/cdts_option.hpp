@@ -7,6 +7,8 @@
 
 namespace tarnbrook {
 
+struct ClassInfo;
+
 class CdtsOptionEvents {
 public:
   virtual ~CdtsOptionEvents() = default;
@@ -24,6 +26,9 @@ enum CdtsOptionEventId {
 // acts on the option asked for last.
 class CdtsOption : public Object {
 public:
+  // The option's members as hosts reach them by name.
+  static const ClassInfo& TypeInfo();
+
   void Connect(CdtsOptionEvents* sink) { events_.Connect(sink); }
   void Disconnect(CdtsOptionEvents* sink) { events_.Disconnect(sink); }
 

@@ -3,6 +3,7 @@
 
 #include "common/control_error.hpp"
 #include "common/date_runtime.hpp"
+#include "host/about_box.hpp"
 #include "platform/platform.hpp"
 
 namespace tarnbrook {
@@ -127,7 +128,7 @@ void DateSelect::TextChange(int32_t index, const std::string& text) {
 }
 
 void DateSelect::About() {
-  Site().MessageBox("Tarnbrook DateSelect\nDate-entry controls", "About DateSelect");
+  ShowAboutBox(ClassName(), Site().ContainerWindow() ? Site().ContainerWindow() : hWnd());
 }
 
 } // namespace tarnbrook

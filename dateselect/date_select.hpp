@@ -20,6 +20,8 @@
 
 namespace tarnbrook {
 
+struct ClassInfo;
+
 enum dtsOptions {
   dtsToday = 0,
   dtsDate = 1,
@@ -107,6 +109,8 @@ public:
   explicit DateSelect(HWND parent = 0);
   ~DateSelect() override;
   std::string ClassName() const override { return "DateSelect"; }
+  // The control's members as hosts reach them by name.
+  static const ClassInfo& TypeInfo();
 
   void Connect(DateSelectEvents* sink) { events_.Connect(sink); }
   void Disconnect(DateSelectEvents* sink) { events_.Disconnect(sink); }

@@ -5,6 +5,7 @@
 #include "common/conversions.hpp"
 #include "common/date_runtime.hpp"
 #include "common/property_bag.hpp"
+#include "host/about_box.hpp"
 #include "platform/platform.hpp"
 
 namespace tarnbrook {
@@ -218,7 +219,7 @@ void DatePicker::SetFont(const tarnbrook::Font& font) {
 }
 
 void DatePicker::About() {
-  Site().MessageBox("Tarnbrook DatePicker\nDate-entry controls", "About DatePicker");
+  ShowAboutBox(ClassName(), Site().ContainerWindow() ? Site().ContainerWindow() : hWnd());
 }
 
 } // namespace tarnbrook

@@ -19,6 +19,8 @@
 
 namespace tarnbrook {
 
+struct ClassInfo;
+
 enum dtpButtons {
   dtpDropDown = 0,
   dtpUpDown = 1,
@@ -81,6 +83,8 @@ public:
   explicit DatePicker(HWND parent = 0);
   ~DatePicker() override;
   std::string ClassName() const override { return "DatePicker"; }
+  // The picker's members as hosts reach them by name.
+  static const ClassInfo& TypeInfo();
 
   void Connect(DatePickerEvents* sink) { events_.Connect(sink); }
   void Disconnect(DatePickerEvents* sink) { events_.Disconnect(sink); }

@@ -99,6 +99,9 @@ public:
   virtual bool PostMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) = 0;
   // Delivers queued messages (and due paints) until the queue is empty.
   virtual void PumpMessages() = 0;
+  // Waits for the next thing to happen (input, a due timer) and delivers it, for a modal
+  // loop. False when nothing ever can happen: the loop should then give up.
+  virtual bool WaitMessage() = 0;
 
   // Painting: each window's canvas is its client area.
   virtual HDC GetDC(HWND hwnd) = 0;

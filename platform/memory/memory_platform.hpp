@@ -94,6 +94,8 @@ public:
   LRESULT SendMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
   bool PostMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) override;
   void PumpMessages() override;
+  // Moves the virtual clock on to the next due timer and fires it; false without timers.
+  bool WaitMessage() override;
   HDC GetDC(HWND hwnd) override;
   void InvalidateRect(HWND hwnd) override;
   void UpdateWindow(HWND hwnd) override;

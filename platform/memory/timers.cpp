@@ -81,6 +81,15 @@ void MemoryPlatform::Advance(uint32_t milliseconds) {
   PumpMessages();
 }
 
+bool MemoryPlatform::WaitMessage() {
+  PumpMessages();
+  Timer* next = NextDueTimer(UINT64_MAX);
+  if (!next)
+    return false;
+  Advance(static_cast<uint32_t>(next->due > tick_ ? next->due - tick_ : 0));
+  return true;
+}
+
 void MemoryPlatform::SetNow(DateValue now) {
   nowBase_ = now;
   nowBaseTick_ = tick_;

@@ -128,6 +128,15 @@ void X11Platform::WaitForEvents(int timeoutMilliseconds) {
 }
 
 // Timers tick at least every 10 ms, so a loop with timers wakes that often.
+// Blocks until X has an event or a timer is due (at most a second, so a caller's
+// condition is looked at again), then handles what came.
+bool X11Platform::WaitMessage() {
+  ProcessPendingEvents();
+  WaitForEvents(TimerCount() > 0 ? 10 : 1000);
+  ProcessPendingEvents();
+  return true;
+}
+
 bool X11Platform::RunUntil(const std::function<bool()>& done, uint32_t milliseconds) {
   auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
   for (;;) {

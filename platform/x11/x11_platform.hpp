@@ -64,6 +64,7 @@ public:
                     UINT flags) override;
   bool AnimateWindow(HWND hwnd, uint32_t milliseconds, uint32_t flags) override;
   void PumpMessages() override;
+  bool WaitMessage() override;
   HDC GetDC(HWND hwnd) override;
   void UpdateWindow(HWND hwnd) override;
   HWND SetFocus(HWND hwnd) override;
