@@ -1,0 +1,101 @@
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+
+#include "automation_fixture.hpp"
+#include "calendar/month_calendar.hpp"
+#include "dateselect/date_select.hpp"
+
+namespace tarnbrook {
+namespace {
+
+struct Output {
+  int status = 0;
+  std::string out, err;
+};
+
+std::string ReadFile(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+Output Tarnbrook(const std::string& arguments) {
+  std::string dir = TARNBROOK_TEST_OUTPUT;
+  std::string command =
+      std::string(TARNBROOK_CLI) + " " + arguments + " >" + dir + "/cli.out 2>" + dir + "/cli.err";
+  Output run;
+  run.status = std::system(command.c_str());
+  run.out = ReadFile(dir + "/cli.out");
+  run.err = ReadFile(dir + "/cli.err");
+  return run;
+}
+
+class CommandLineTest : public AutomationTest {
+protected:
+  CommandLineTest() {
+    std::system(("mkdir -p " + std::string(TARNBROOK_TEST_OUTPUT)).c_str());
+    path = std::string(TARNBROOK_TEST_OUTPUT) + "/cli_form.json";
+    auto& calendar = Place<MonthCalendar>("Tarnbrook.MonthCalendar", "Calendar1");
+    calendar.SetTodayButtonCaption("Now");
+    auto& select = Place<DateSelect>("Tarnbrook.DateSelect", "Orders");
+    select.SetSQLFieldName("OrderDate");
+    select.SetSQLDateWrapper("#");
+    select.SetSelection(dtsLastMonth);
+    form->SaveToFile(path);
+  }
+  std::string path;
+};
+
+TEST_F(CommandLineTest, ClassesAndDescriptions) {
+  Output classes = Tarnbrook("classes");
+  EXPECT_EQ(classes.status, 0);
+  EXPECT_NE(classes.out.find("Tarnbrook.DateSelect\t{"), std::string::npos);
+  Output idl = Tarnbrook("describe monthcalendar");
+  EXPECT_NE(idl.out.find("void DropDown(long X, long Y, [optional, defaultvalue(0)] long "
+                         "ParentHeight, [optional, defaultvalue(0)] long Animate);"),
+            std::string::npos);
+  EXPECT_NE(idl.out.find("[id(6)] void BeforeDropDown(VARIANT_BOOL* Cancel);"), std::string::npos);
+  EXPECT_NE(idl.out.find("long FirstDayofWeek; // saved as \"FirstDayOfWeek\""), std::string::npos);
+  Output json = Tarnbrook("describe DatePicker --json");
+  EXPECT_NE(json.out.find("\"key\": \"CalendarFont\""), std::string::npos);
+  EXPECT_NE(Tarnbrook("describe Nothing").status, 0);
+}
+
+TEST_F(CommandLineTest, GetAndSetEditASavedFormThroughTheControlsSetters) {
+  EXPECT_NE(Tarnbrook(path + " x").status, 0);
+  EXPECT_EQ(Tarnbrook("get " + path + " Calendar1 TodayButtonCaption").out, "Now\n");
+
+  // A refused value: the control's own error, non-zero, the file byte for byte as it was.
+  std::string before = ReadFile(path);
+  Output refused = Tarnbrook("set " + path + " Calendar1 ButtonStyle 9");
+  EXPECT_NE(refused.status, 0);
+  EXPECT_NE(refused.err.find("Invalid Button Style (error 5075, Tarnbrok.MonthCalendar)"),
+            std::string::npos);
+  EXPECT_EQ(ReadFile(path), before);
+  EXPECT_NE(Tarnbrook("set " + path + " Calendar1 Bogus 1").err.find("error 438"),
+            std::string::npos);
+  EXPECT_EQ(ReadFile(path), before);
+
+  Output accepted = Tarnbrook("set " + path + " Calendar1 buttonstyle 2");
+  EXPECT_EQ(accepted.status, 0) << accepted.err;
+  EXPECT_EQ(Tarnbrook("get " + path + " Calendar1 ButtonStyle").out, "2\n");
+  Container reloaded;
+  reloaded.LoadFromFile(path);
+  EXPECT_EQ(dynamic_cast<MonthCalendar&>(*reloaded.Find("Calendar1")).ButtonStyle(), mvwButtonFlat);
+  EXPECT_EQ(reloaded.Find("Orders")->ClassName(), "DateSelect");
+}
+
+TEST_F(CommandLineTest, SqlOfASavedDateSelectForAGivenDay) {
+  Output march = Tarnbrook("sql " + path + " Orders --today 2024-03-15");
+  EXPECT_EQ(march.status, 0) << march.err;
+  EXPECT_EQ(march.out, " OrderDate BETWEEN #2/1/2024# AND #2/29/2024# \n");
+  Output january = Tarnbrook("sql " + path + " Orders --today 2025-01-03");
+  EXPECT_EQ(january.out, " OrderDate BETWEEN #12/1/2024# AND #12/31/2024# \n");
+  EXPECT_NE(Tarnbrook("sql " + path + " Orders --today 2025-13-01").status, 0);
+  EXPECT_NE(Tarnbrook("sql " + path + " Missing").status, 0);
+}
+
+} // namespace
+} // namespace tarnbrook
