@@ -22,7 +22,10 @@ std::string ReadFile(const std::string& path) {
 }
 
 Output Tarnbrook(const std::string& arguments) {
-  std::string dir = TARNBROOK_TEST_OUTPUT;
+  // Output files per test too.
+  std::string dir = std::string(TARNBROOK_TEST_OUTPUT) + "/cli_" +
+                    ::testing::UnitTest::GetInstance()->current_test_info()->name();
+  std::system(("mkdir -p " + dir).c_str());
   std::string command =
       std::string(TARNBROOK_CLI) + " " + arguments + " >" + dir + "/cli.out 2>" + dir + "/cli.err";
   Output run;
@@ -36,7 +39,9 @@ class CommandLineTest : public AutomationTest {
 protected:
   CommandLineTest() {
     std::system(("mkdir -p " + std::string(TARNBROOK_TEST_OUTPUT)).c_str());
-    path = std::string(TARNBROOK_TEST_OUTPUT) + "/cli_form.json";
+    // One file per test: CTest runs them side by side.
+    path = std::string(TARNBROOK_TEST_OUTPUT) + "/cli_form_" +
+           ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".json";
     auto& calendar = Place<MonthCalendar>("Tarnbrook.MonthCalendar", "Calendar1");
     calendar.SetTodayButtonCaption("Now");
     auto& select = Place<DateSelect>("Tarnbrook.DateSelect", "Orders");
