@@ -5,6 +5,21 @@
 
 namespace tarnbrook {
 
+namespace {
+
+// Text placed this far out cannot show on any surface; sums on it must not overflow.
+constexpr int64_t FarAway = int64_t(1) << 30;
+
+bool IsFar(int64_t coordinate) {
+  return coordinate < -FarAway || coordinate > FarAway;
+}
+
+int32_t ToInt32(int64_t value) {
+  return static_cast<int32_t>(std::clamp<int64_t>(value, INT32_MIN, INT32_MAX));
+}
+
+} // namespace
+
 void Canvas::Impl::Blend(const ShapedText& shaped, int32_t x, int32_t y, Rect clip,
                          COLORREF color) {
   clip = Intersect(clip, {0, 0, width, height});
@@ -47,30 +62,34 @@ int32_t Canvas::DrawText(std::string_view text, Rect* rect, uint32_t flags) {
     }
     return 0;
   }
+  const int64_t left = rect->left, top = rect->top, right = rect->right, bottom = rect->bottom;
   const ShapedText& shaped =
-      TextEngine::ForThisThread().Shape(impl_->font, text, flags, rect->Width());
+      TextEngine::ForThisThread().Shape(impl_->font, text, flags, ToInt32(right - left));
   if (flags & DT_CALCRECT) {
-    rect->right = rect->left + shaped.width;
-    rect->bottom = rect->top + shaped.height;
+    rect->right = ToInt32(left + shaped.width);
+    rect->bottom = ToInt32(top + shaped.height);
     return shaped.height;
   }
-  int32_t x = flags & DT_CENTER  ? rect->left + (rect->Width() - shaped.width) / 2
-              : flags & DT_RIGHT ? rect->right - shaped.width
-                                 : rect->left;
-  int32_t y = rect->top;
+  const int64_t x = flags & DT_CENTER  ? left + (right - left - shaped.width) / 2
+                    : flags & DT_RIGHT ? right - shaped.width
+                                       : left;
+  int64_t y = top;
   if (flags & DT_SINGLELINE) {
     if (flags & DT_VCENTER) {
-      y = rect->top + (rect->Height() - shaped.height) / 2;
+      y = top + (bottom - top - shaped.height) / 2;
     } else if (flags & DT_BOTTOM) {
-      y = rect->bottom - shaped.height;
+      y = bottom - shaped.height;
     }
   }
+  if (IsFar(x) || IsFar(y))
+    return shaped.height;
   Rect clip = flags & DT_NOCLIP ? Rect{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX} : *rect;
   if (impl_->bkMode == OPAQUE) {
-    impl_->Fill(Intersect(clip, {x, y, x + shaped.width, y + shaped.height}),
+    impl_->Fill(Intersect(clip, {int32_t(x), int32_t(y), int32_t(x + shaped.width),
+                                 int32_t(y + shaped.height)}),
                 ToPixel(impl_->bkColor));
   }
-  impl_->Blend(shaped, x, y, clip, impl_->textColor);
+  impl_->Blend(shaped, int32_t(x), int32_t(y), clip, impl_->textColor);
   return shaped.height;
 }
 

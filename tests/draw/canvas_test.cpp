@@ -193,6 +193,19 @@ TEST(CanvasText, OpaqueBackgroundCoversOnlyTheTextAndClipsToTheRectangle) {
   EXPECT_EQ(calc, (Rect{10, 5, 10 + extent.cx, 5 + extent.cy}));
 }
 
+TEST(CanvasText, TextAtTheEndsOfTheCoordinateRangeDrawsNothingAndMeasuresClamped) {
+  Canvas canvas(40, 20);
+  canvas.DrawText("Edge", Rect{INT32_MAX - 32, 0, INT32_MAX, 20}, DT_LEFT | DT_SINGLELINE);
+  canvas.DrawText("Edge", Rect{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX},
+                  DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+  canvas.DrawText("Edge", Rect{INT32_MIN, 0, INT32_MIN + 10, 20}, DT_RIGHT | DT_SINGLELINE);
+  for (int32_t x = 0; x < 40; ++x)
+    EXPECT_EQ(canvas.GetPixel(x, 10), White);
+  Rect calc{INT32_MAX - 2, 0, INT32_MAX - 2, 0};
+  canvas.DrawText("Edge", &calc, DT_CALCRECT | DT_SINGLELINE);
+  EXPECT_EQ(calc.right, INT32_MAX);
+}
+
 TEST(CanvasText, PrefixUnderlinesTheMnemonicAndDoubleAmpersandIsOne) {
   Canvas canvas(10, 10);
   Rect doubled{0, 0, 0, 0};
