@@ -175,23 +175,12 @@ TEST_F(AutomationTest, EachRuntimeErrorAndTheControlsOwnErrors) {
   EXPECT_EQ(limits.Source(), "DatePicker");
 }
 
-// Events come by name with their described arguments; a sink's write to a by-reference
-// argument reaches the control.
-TEST_F(AutomationTest, EventsArriveByNameWithTheirDescribedArguments) {
-  auto& calendar = Place<MonthCalendar>("Tarnbrook.MonthCalendar", "Calendar1");
-  Dispatch d(calendar);
-  EventLog log;
-  EventConnection connection = d.Connect(log.Handler());
-  Point origin = platform.ClientToScreen(calendar.hWnd(), {0, 0});
-  platform.Click(origin.x + 100, origin.y + 100); // a day cell
-  calendar.SetFocus();
-  platform.Key(VK_RIGHT);
-  d.Call("DropDown", {int32_t(5), int32_t(5)});
-  d.Call("HideDropDown");
+// Each event the object described arrived at least once, with its described arguments.
+void ExpectEveryDescribedEvent(const Dispatch& d, const EventLog& log) {
   std::vector<std::string> seen = log.Names();
-  for (const char* expected : {"MouseDown", "MouseUp", "Change", "DateClicked", "KeyDown", "KeyUp",
-                               "BeforeDropDown", "DroppedDown", "AfterClosedUp"})
-    EXPECT_NE(std::find(seen.begin(), seen.end(), expected), seen.end()) << expected;
+  for (const EventInfo& event : d.Info().events)
+    EXPECT_NE(std::find(seen.begin(), seen.end(), event.name), seen.end())
+        << d.Info().name << "." << event.name << " was never raised";
   for (const EventLog::Entry& entry : log.entries) {
     const EventInfo* info = d.Info().FindEvent(entry.name);
     ASSERT_NE(info, nullptr) << entry.name;
@@ -200,12 +189,78 @@ TEST_F(AutomationTest, EventsArriveByNameWithTheirDescribedArguments) {
       EXPECT_EQ(entry.args[i].VarType(), ExpectedVarType(info->args[i].type))
           << entry.name << " " << info->args[i].name;
   }
+}
 
-  // Dropping the connection stops them.
+// A person's actions and calls by name that between them raise every described event.
+TEST_F(AutomationTest, EveryDescribedEventArrivesByNameWithItsArguments) {
+  auto& calendar = Place<MonthCalendar>("Tarnbrook.MonthCalendar", "Calendar1");
+  Dispatch c(calendar);
+  EventLog calendarLog;
+  EventConnection connection = c.Connect(calendarLog.Handler());
+  Point origin = platform.ClientToScreen(calendar.hWnd(), {0, 0});
+  auto click = [&](int32_t x, int32_t y) { platform.Click(origin.x + x, origin.y + y); };
+  click(100, 100); // a day
+  click(190, 15);  // the next month
+  click(155, 10);  // the year up
+  c.Let("EmptyButton", true);
+  click(150, 164);
+  platform.MouseMove(origin.x + 50, origin.y + 50);
+  calendar.SetFocus();
+  platform.Key(VK_RIGHT);
+  platform.Type("a");
+  c.Call("DropDown", {int32_t(5), int32_t(5)});
+  Point outside = platform.ClientToScreen(form->hWnd(), {500, 400});
+  platform.Click(outside.x, outside.y); // a press elsewhere closes it up
+  c.Call("DropDown", {int32_t(5), int32_t(5)});
+  c.Call("HideDropDown");
+  ExpectEveryDescribedEvent(c, calendarLog);
+  connection.reset(); // dropping the connection stops them
+  size_t before = calendarLog.entries.size();
+  click(100, 100);
+  EXPECT_EQ(calendarLog.entries.size(), before);
+  calendar.SetVisible(false);
+
+  auto& picker = Place<DatePicker>("Tarnbrook.DatePicker", "Picker1");
+  Dispatch p(picker);
+  EventLog pickerLog;
+  connection = p.Connect(pickerLog.Handler());
+  origin = platform.ClientToScreen(picker.hWnd(), {0, 0});
+  click(10, 8);
+  platform.MouseMove(origin.x + 12, origin.y + 8);
+  platform.Key(VK_UP);
+  platform.Type("4");
+  p.Call("DropDownCalendar");
+  Point empty = platform.ClientToScreen(picker.Calendar().hWnd(), {153, 164});
+  platform.Click(empty.x, empty.y);
+  p.Call("DropDownCalendar");
+  Point day = platform.ClientToScreen(picker.Calendar().hWnd(), {100, 100});
+  platform.Click(day.x, day.y);
+  ExpectEveryDescribedEvent(p, pickerLog);
   connection.reset();
-  size_t before = log.entries.size();
-  platform.Click(origin.x + 100, origin.y + 100);
-  EXPECT_EQ(log.entries.size(), before);
+  picker.SetVisible(false);
+
+  auto& select = Place<DateSelect>("Tarnbrook.DateSelect", "DateSelect1");
+  Dispatch d(select);
+  EventLog selectLog;
+  connection = d.Connect(selectLog.Handler());
+  d.Let("Selection", int32_t(dtsDateRange));
+  d.Let("StartDate", Variant::Date(DateSerial(2004, 1, 2)));
+  d.Let("EndDate", Variant::Date(DateSerial(2004, 2, 3)));
+  d.Let("SelectedMonth", int32_t(dtsJun));
+  d.Let("SelectedYear", int32_t(2001));
+  d.Let("Operator", ">=");
+  d.Let("CustomRange", int32_t(5));
+  d.Let("CustomSelection", int32_t(dtsYears));
+  ExpectEveryDescribedEvent(d, selectLog);
+
+  Dispatch option(d.Get("Options", {int32_t(dtsLastMonth)}).ToObject(), "CdtsOption");
+  EventLog optionLog;
+  auto optionConnection = option.Connect(optionLog.Handler());
+  option.Let("Text", "Previous Month");
+  option.Let("Visible", false);
+  ExpectEveryDescribedEvent(option, optionLog);
+  optionConnection.reset();
+  connection.reset();
 }
 
 TEST_F(AutomationTest, ASinkCancelsAndRewritesKeysThroughByReferenceArguments) {
