@@ -3,9 +3,11 @@
 //   tarnbrook describe CLASS [--json]
 //   tarnbrook get FORM.json CONTROL PROPERTY
 //   tarnbrook set FORM.json CONTROL PROPERTY VALUE
+//     a font as "Name,Size[,Bold][,Italic][,Underline][,Strikethrough]", a picture as the
+//     path of a PNG file ("" for none)
 //   tarnbrook sql FORM.json CONTROL [--today YYYY-MM-DD]
 #include <cstdio>
-#include <fstream>
+#include <cstdlib>
 #include <iostream>
 #include <sstream>
 #include <string>
@@ -15,6 +17,8 @@
 #include "automation/dispatch.hpp"
 #include "automation/type_library.hpp"
 #include "common/date_runtime.hpp"
+#include "common/font.hpp"
+#include "common/picture.hpp"
 #include "host/container.hpp"
 #include "host/standard_controls.hpp"
 #include "platform/memory/memory_platform.hpp"
@@ -76,26 +80,83 @@ int Describe(const std::vector<std::string>& args) {
   return 0;
 }
 
+// The text `set` takes for the same value.
+std::string ValueText(const Variant& value) {
+  if (!value.IsObject())
+    return value.IsEmpty() ? "Nothing" : value.IsNull() ? "Null" : value.ToString();
+  if (auto font = std::dynamic_pointer_cast<Font>(value.ToObject())) {
+    std::ostringstream text;
+    text << font->Name << "," << font->Size;
+    for (auto [on, name] : {std::pair{font->Bold, "Bold"},
+                            {font->Italic, "Italic"},
+                            {font->Underline, "Underline"},
+                            {font->Strikethrough, "Strikethrough"}})
+      if (on)
+        text << "," << name;
+    return text.str();
+  }
+  if (auto picture = std::dynamic_pointer_cast<Picture>(value.ToObject()))
+    return "(picture " + std::to_string(picture->Width()) + "x" +
+           std::to_string(picture->Height()) + ")";
+  return "Nothing";
+}
+
+[[noreturn]] void BadValue(const std::string& what) {
+  throw ControlError(rtTypeMismatch, "tarnbrook", what);
+}
+
+Variant FontFromText(const std::string& text) {
+  auto font = std::make_shared<Font>();
+  std::istringstream parts(text);
+  std::string part;
+  std::getline(parts, font->Name, ',');
+  std::getline(parts, part, ',');
+  char* end = nullptr;
+  font->Size = std::strtof(part.c_str(), &end);
+  if (font->Name.empty() || part.empty() || *end)
+    BadValue("A font is \"Name,Size[,Bold][,Italic][,Underline][,Strikethrough]\", not \"" + text +
+             "\"");
+  while (std::getline(parts, part, ',')) {
+    bool* flag = part == "Bold"            ? &font->Bold
+                 : part == "Italic"        ? &font->Italic
+                 : part == "Underline"     ? &font->Underline
+                 : part == "Strikethrough" ? &font->Strikethrough
+                                           : nullptr;
+    if (!flag)
+      BadValue("Unknown font style \"" + part + "\"");
+    *flag = true;
+  }
+  return Variant(std::shared_ptr<Object>(font));
+}
+
+Variant PictureFromFile(const std::string& path) {
+  if (path.empty())
+    return Variant();
+  return Variant(std::shared_ptr<Object>(std::make_shared<Picture>(Picture::FromPngFile(path))));
+}
+
 int Get(const std::vector<std::string>& args) {
   if (args.size() != 3)
     return Usage();
   LoadedForm loaded(args[0]);
-  Variant value = Dispatch(loaded.Find(args[1])).Get(args[2]);
-  std::cout << (value.IsObject() ? "(object)" : value.IsNull() ? "Null" : value.ToString()) << "\n";
+  std::cout << ValueText(Dispatch(loaded.Find(args[1])).Get(args[2])) << "\n";
   return 0;
 }
 
-// The control's own setter judges the value; the file is written only when it took it.
+// The control's own setter judges the value; the file is replaced only when it took it.
 int Set(const std::vector<std::string>& args) {
   if (args.size() != 4)
     return Usage();
   LoadedForm loaded(args[0]);
-  Dispatch(loaded.Find(args[1])).Let(args[2], args[3]);
-  std::string text = loaded.form.SaveToText(args[0]);
-  std::ofstream out(args[0], std::ios::binary | std::ios::trunc);
-  out << text;
-  if (!out)
-    return Fail("cannot write " + args[0]);
+  Dispatch control(loaded.Find(args[1]));
+  const PropertyInfo* property = control.Info().FindProperty(args[2]);
+  if (property && property->type == MemberType::Font)
+    control.Set(args[2], FontFromText(args[3]));
+  else if (property && property->type == MemberType::Picture)
+    control.Set(args[2], PictureFromFile(args[3]));
+  else
+    control.Let(args[2], args[3]);
+  loaded.form.SaveToFile(args[0]);
   return 0;
 }
 

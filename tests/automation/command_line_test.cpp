@@ -4,6 +4,7 @@
 
 #include "automation_fixture.hpp"
 #include "calendar/month_calendar.hpp"
+#include "common/picture.hpp"
 #include "dateselect/date_select.hpp"
 
 namespace tarnbrook {
@@ -90,6 +91,26 @@ TEST_F(CommandLineTest, GetAndSetEditASavedFormThroughTheControlsSetters) {
   reloaded.LoadFromFile(path);
   EXPECT_EQ(dynamic_cast<MonthCalendar&>(*reloaded.Find("Calendar1")).ButtonStyle(), mvwButtonFlat);
   EXPECT_EQ(reloaded.Find("Orders")->ClassName(), "DateSelect");
+}
+
+TEST_F(CommandLineTest, FontsAsTextAndPicturesAsPngFiles) {
+  EXPECT_EQ(Tarnbrook("set " + path + " Calendar1 Font \"DejaVu Sans,12,Bold,Italic\"").status, 0);
+  EXPECT_EQ(Tarnbrook("get " + path + " Calendar1 font").out, "DejaVu Sans,12,Bold,Italic\n");
+  std::string before = ReadFile(path);
+  for (const char* bad : {"DejaVu Sans", "\"DejaVu Sans,12,Heavy\"", "\"DejaVu Sans,1e9\""})
+    EXPECT_NE(Tarnbrook("set " + path + " Calendar1 Font " + bad).status, 0) << bad;
+  EXPECT_EQ(ReadFile(path), before);
+
+  std::string png = path + ".png";
+  std::vector<uint8_t> bytes = Picture(3, 2, std::vector<uint32_t>(6, 0xFF00FF00)).ToPngBytes();
+  std::ofstream(png, std::ios::binary)
+      .write(reinterpret_cast<const char*>(bytes.data()), std::streamsize(bytes.size()));
+  EXPECT_EQ(Tarnbrook("set " + path + " Calendar1 BackgroundImage " + png).status, 0);
+  EXPECT_EQ(Tarnbrook("get " + path + " Calendar1 BackgroundImage").out, "(picture 3x2)\n");
+  EXPECT_NE(Tarnbrook("set " + path + " Calendar1 BackgroundImage " + path).err.find("error 481"),
+            std::string::npos);
+  EXPECT_EQ(Tarnbrook("set " + path + " Calendar1 BackgroundImage \"\"").status, 0);
+  EXPECT_EQ(Tarnbrook("get " + path + " Calendar1 BackgroundImage").out, "Nothing\n");
 }
 
 TEST_F(CommandLineTest, SqlOfASavedDateSelectForAGivenDay) {
