@@ -48,6 +48,7 @@ MonthCalendar::~MonthCalendar() {
 
 void MonthCalendar::SetValue(DateValue value) {
   CheckDateRange(value); // a date the calendar could not show is never kept
+  PaintBatch batch;
   if (value != value_) {
     value_ = value;
     PropertyChanged("Value");

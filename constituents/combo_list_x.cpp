@@ -195,7 +195,7 @@ void ComboListX::OnMouseDown(int16_t button, int16_t, float, float) {
     Redraw();
   }
   button_.AddState(DFCS_PUSHED);
-  Redraw();
+  PaintNow();
   Platform::Current().SendMessage(cbo_->hWnd(), CB_SHOWDROPDOWN, 1, 0);
   button_.RemoveState(DFCS_PUSHED);
   Redraw();

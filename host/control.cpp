@@ -1,5 +1,9 @@
 #include "host/control.hpp"
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 #include "platform/escaped_error.hpp"
 #include "platform/platform.hpp"
 
@@ -109,7 +113,48 @@ void Control::SetEnabled(bool enabled) {
   Platform::Current().EnableWindow(hwnd_, enabled);
 }
 
+namespace {
+
+struct PendingPaints {
+  int depth = 0;
+  std::vector<HWND> windows;
+};
+
+PendingPaints& Pending() {
+  thread_local PendingPaints pending;
+  return pending;
+}
+
+} // namespace
+
+PaintBatch::PaintBatch() {
+  ++Pending().depth;
+}
+
+PaintBatch::~PaintBatch() {
+  PendingPaints& pending = Pending();
+  if (--pending.depth > 0)
+    return;
+  Platform& platform = Platform::Current();
+  for (HWND hwnd : std::exchange(pending.windows, {}))
+    if (!platform.Dispatching())
+      platform.UpdateWindow(hwnd); // nothing for a window gone or already painted
+}
+
+// While a person's action or a timer is handled, the control is painted once, when the
+// queue runs dry; a program's own call paints at once, or at the end of its batch.
 void Control::Refresh() {
+  Platform& platform = Platform::Current();
+  platform.InvalidateRect(hwnd_);
+  if (PendingPaints& pending = Pending(); pending.depth > 0) {
+    if (std::find(pending.windows.begin(), pending.windows.end(), hwnd_) == pending.windows.end())
+      pending.windows.push_back(hwnd_);
+  } else if (!platform.Dispatching()) {
+    platform.UpdateWindow(hwnd_);
+  }
+}
+
+void Control::PaintNow() {
   Platform& platform = Platform::Current();
   platform.InvalidateRect(hwnd_);
   platform.UpdateWindow(hwnd_);

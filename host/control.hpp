@@ -14,6 +14,16 @@ namespace tarnbrook {
 enum MouseButtonConstants : int16_t { vbLeftButton = 1, vbRightButton = 2, vbMiddleButton = 4 };
 enum ShiftConstants : int16_t { vbShiftMask = 1, vbCtrlMask = 2, vbAltMask = 4 };
 
+// While one lives, the controls a program's call invalidates are painted once, when the
+// outermost batch ends (a setter that repaints in several steps).
+class PaintBatch {
+public:
+  PaintBatch();
+  ~PaintBatch();
+  PaintBatch(const PaintBatch&) = delete;
+  PaintBatch& operator=(const PaintBatch&) = delete;
+};
+
 // The base of every control: its window, its site, its off-screen surface, and the routing
 // of the window's messages to the handlers below. Lifecycle: construct, then either
 // InitProperties() (a new control) or ReadProperties(bag) (a loaded one); WriteProperties(bag)
@@ -54,8 +64,12 @@ public:
   bool Enabled() const;
   virtual void SetEnabled(bool enabled);
 
-  // Repaints now: OnPaint, then the surface to the window.
+  // Repaints: OnPaint, then the surface to the window; now, or once at the end of the input,
+  // timer or PaintBatch being handled.
   void Refresh();
+  // Repaints now even while input is handled: for a look that must show while the handler
+  // waits on something else (a button held down while its list drops).
+  void PaintNow();
   void SetFocus();
 
   // Whether Tab and Shift+Tab stop here (default true). A composite whose constituents take

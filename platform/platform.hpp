@@ -107,6 +107,9 @@ public:
   virtual HDC GetDC(HWND hwnd) = 0;
   virtual void InvalidateRect(HWND hwnd) = 0; // a WM_PAINT follows when messages are pumped
   virtual void UpdateWindow(HWND hwnd) = 0;   // sends a pending WM_PAINT now
+  // Whether a queued message (input, a timer, a posted message) is being handled: a window
+  // invalidated then is painted once, when the queue runs dry.
+  virtual bool Dispatching() const = 0;
 
   // Focus, capture, cursor, keyboard state.
   virtual HWND SetFocus(HWND hwnd) = 0; // returns the window that had the focus

@@ -99,6 +99,7 @@ public:
   HDC GetDC(HWND hwnd) override;
   void InvalidateRect(HWND hwnd) override;
   void UpdateWindow(HWND hwnd) override;
+  bool Dispatching() const override { return dispatching_ > 0; }
 
   // Platform: focus, capture, cursor, keyboard.
   HWND SetFocus(HWND hwnd) override;
@@ -175,6 +176,8 @@ public:
   int CursorShape() const { return cursor_; }
   const std::vector<AnimationRecord>& Animations() const { return animations_; }
   int BeepCount() const { return beeps_; }
+  // WM_PAINT messages delivered so far, to any window.
+  int PaintCount() const { return paints_; }
   const std::vector<MessageBoxRecord>& MessageBoxes() const { return messageBoxes_; }
   void QueueMessageBoxAnswer(int answer) { messageBoxAnswers_.push_back(answer); }
   std::unique_ptr<Canvas> ComposeScreen();
@@ -250,6 +253,8 @@ private:
   bool failSystemParameters_ = false;
   std::vector<AnimationRecord> animations_;
   int beeps_ = 0;
+  int paints_ = 0;
+  int dispatching_ = 0;
   std::vector<MessageBoxRecord> messageBoxes_;
   std::deque<int> messageBoxAnswers_;
 };

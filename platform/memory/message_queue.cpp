@@ -45,6 +45,9 @@ LRESULT MemoryPlatform::SendMessage(HWND hwnd, UINT msg, WPARAM wParam, LPARAM l
   if (!window) {
     return 0;
   }
+  if (msg == WM_PAINT) {
+    ++paints_;
+  }
   LRESULT result = CallWindowProc(window->proc, hwnd, msg, wParam, lParam);
   CWPRETSTRUCT done{result, lParam, wParam, msg, hwnd};
   RunHookChain(WH_CALLWNDPROCRET, HC_ACTION, SentByThisThread, reinterpret_cast<LPARAM>(&done));
@@ -138,11 +141,19 @@ void MemoryPlatform::Translate(const MSG& keyDown) {
 // Posted messages go straight to the window procedure, passing no WH_CALLWNDPROC hook;
 // WM_TIMER with a procedure in lParam calls that procedure, as DispatchMessage does.
 void MemoryPlatform::Dispatch(const MSG& msg) {
+  struct Depth {
+    explicit Depth(int& depth) : depth_(depth) { ++depth_; }
+    ~Depth() { --depth_; }
+    int& depth_;
+  } depth(dispatching_);
   if (msg.message == WM_TIMER && msg.lParam != 0) {
     reinterpret_cast<TIMERPROC>(msg.lParam)(msg.hwnd, WM_TIMER, msg.wParam, GetTickCount());
     return;
   }
   if (MemoryWindow* window = Find(msg.hwnd)) {
+    if (msg.message == WM_PAINT) {
+      ++paints_;
+    }
     CallWindowProc(window->proc, msg.hwnd, msg.message, msg.wParam, msg.lParam);
   }
 }

@@ -127,5 +127,31 @@ TEST_F(CalendarInputTest, PressOnTheMonthNameOpensTheMonthList) {
   EXPECT_TRUE(calendar->cboMonth().DroppedDown());
 }
 
+// Each press, move, release or tick that changes the picture paints it once.
+TEST_F(CalendarInputTest, OnePaintPerPressMoveReleaseOrTick) {
+  auto paints = [&, last = platform.PaintCount()]() mutable {
+    return platform.PaintCount() - std::exchange(last, platform.PaintCount());
+  };
+  Click(Grid);
+  EXPECT_EQ(paints(), 1) << "a day";
+  Down(Right);
+  EXPECT_EQ(paints(), 1) << "Right pressed: the next month, the face down";
+  platform.Advance(100);
+  EXPECT_EQ(paints(), 1) << "a repeat";
+  Up(Right);
+  EXPECT_EQ(paints(), 1) << "the face up";
+  MoveTo(Grid);
+  EXPECT_EQ(paints(), 0);
+  Down(Year);
+  EXPECT_EQ(paints(), 1);
+  for (int step = 1; step <= 10; ++step)
+    MoveTo({Year.x, Year.y - 3 * step});
+  EXPECT_EQ(paints(), 10) << "a year drag of ten steps";
+  Up({Year.x, Year.y - 30});
+  EXPECT_EQ(paints(), 0);
+  calendar->SetValue(DateSerial(2020, 2, 3)); // a program's call paints at once, once
+  EXPECT_EQ(paints(), 1);
+}
+
 } // namespace
 } // namespace tarnbrook

@@ -160,5 +160,23 @@ TEST_F(PickerEditTest, LockedRefusesTypingSteppingDraggingButtonsAndTheDropDown)
   EXPECT_EQ(log.Take(), Log{});
 }
 
+// A key, a typed digit or a press on a field paints the picker once.
+TEST_F(PickerEditTest, OnePaintPerKeyDigitOrPress) {
+  platform.PumpMessages();
+  auto paints = [&, last = platform.PaintCount()]() mutable {
+    return platform.PaintCount() - std::exchange(last, platform.PaintCount());
+  };
+  platform.Key(VK_UP);
+  EXPECT_EQ(paints(), 1) << "Up";
+  platform.Type("7");
+  EXPECT_EQ(paints(), 1);
+  platform.Key(VK_RIGHT);
+  EXPECT_EQ(paints(), 1);
+  ClickAt(4, 10);
+  EXPECT_EQ(paints(), 1);
+  picker->SetValue(Variant::Date(DateSerial(2020, 2, 3)));
+  EXPECT_EQ(paints(), 1);
+}
+
 } // namespace
 } // namespace tarnbrook
