@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -151,6 +152,15 @@ const Container::Entry* Container::FindEntry(const std::string& name) const {
 Control* Container::Find(const std::string& name) const {
   const Entry* entry = FindEntry(name);
   return entry ? entry->control.get() : nullptr;
+}
+
+void Container::Remove(const std::string& name) {
+  auto it = std::find_if(entries_.begin(), entries_.end(),
+                         [&](const Entry& entry) { return SameName(entry.name, name); });
+  if (it == entries_.end())
+    RaiseRuntimeError(rtInvalidProcedureCall);
+  Entry gone = std::move(*it); // off the list before its control goes
+  entries_.erase(it);
 }
 
 const std::vector<std::string>& Container::ChangedKeys(const std::string& name) const {

@@ -39,6 +39,8 @@ public:
   Control& Item(size_t index) const { return *entries_.at(index).control; }
   const std::string& Name(size_t index) const { return entries_.at(index).name; }
   Control* Find(const std::string& name) const; // null when absent
+  // Takes the control off the form and destroys it. Raises 5 when no control has the name.
+  void Remove(const std::string& name);
 
   // The keys a control's site was told of through PropertyChanged, in order.
   const std::vector<std::string>& ChangedKeys(const std::string& name) const;
