@@ -1,4 +1,5 @@
-// Formatting a date as "yyyy-mm-dd": ours beside ICU's SimpleDateFormat and strftime.
+// Formatting a date as "yyyy-mm-dd": ours beside ICU's SimpleDateFormat, strftime and digits
+// written by hand; a named format and a picker field's text.
 #include <ctime>
 #include <memory>
 
@@ -7,6 +8,8 @@
 #include <unicode/timezone.h>
 
 #include "common/date_format.hpp"
+#include "draw/cmdc.hpp"
+#include "picker/cdate_mask.hpp"
 
 namespace {
 
@@ -22,6 +25,68 @@ void BM_FormatDate_ours(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_FormatDate_ours);
+
+// The floor: the same civil conversion, then the ten characters put in place by hand.
+void BM_HandWrittenDigits(benchmark::State& state) {
+  tarnbrook::DateValue value = 46347.7112;
+  for (auto _ : state) {
+    const tarnbrook::CivilDate date = tarnbrook::CivilFromDateValue(value).Date;
+    char buffer[10];
+    const auto put = [&](int at, int number, int digits) {
+      for (int k = digits - 1; k >= 0; --k, number /= 10) {
+        buffer[at + k] = static_cast<char>('0' + number % 10);
+      }
+    };
+    put(0, date.Year, 4);
+    buffer[4] = '-';
+    put(5, date.Month, 2);
+    buffer[7] = '-';
+    put(8, date.Day, 2);
+    std::string text(buffer, sizeof buffer);
+    benchmark::DoNotOptimize(text);
+    value += 1.0;
+    if (value > 2958000.0) {
+      value = -100000.0;
+    }
+  }
+}
+BENCHMARK(BM_HandWrittenDigits);
+
+// The calendar's value line.
+void BM_FormatDate_MediumDate(benchmark::State& state) {
+  tarnbrook::DateValue value = 46347.7112;
+  for (auto _ : state) {
+    std::string text = tarnbrook::FormatDate(value, "Medium Date");
+    benchmark::DoNotOptimize(text);
+    value += 1.0;
+    if (value > 2958000.0) {
+      value = -100000.0;
+    }
+  }
+}
+BENCHMARK(BM_FormatDate_MediumDate);
+
+// The text one picker field draws, as laid out by the picker.
+void BM_PickerFieldText(benchmark::State& state, const char* mask) {
+  tarnbrook::cMDC surface;
+  surface.Resize(100, 21);
+  surface.SetFont("MS Sans Serif", 8.25f);
+  tarnbrook::CDateMask field;
+  field.SetMask(surface, mask, 3, 21);
+  tarnbrook::DateValue value = 46347.7112;
+  for (auto _ : state) {
+    field.SetValue(value);
+    std::string text = field.Text();
+    benchmark::DoNotOptimize(text);
+    value += 1.0;
+    if (value > 2958000.0) {
+      value = -100000.0;
+    }
+  }
+}
+BENCHMARK_CAPTURE(BM_PickerFieldText, dd, "dd");
+BENCHMARK_CAPTURE(BM_PickerFieldText, MMM, "MMM");
+BENCHMARK_CAPTURE(BM_PickerFieldText, tt, "tt");
 
 void BM_Icu_SimpleDateFormat(benchmark::State& state) {
   UErrorCode status = U_ZERO_ERROR;

@@ -109,7 +109,8 @@ void MonthCalendar::OnPaint() {
     DrawTextIn(surface, emptyButtonCaption_,
                CaptionRect(layout::EmptyCaptionRect, buttons_.at("Empty")), vbWindowText);
   } else {
-    DrawTextIn(surface, FormatDate(value_, "Medium Date"), layout::ValueTextRect, vbWindowText,
+    static const CompiledDateFormat mediumDate("Medium Date");
+    DrawTextIn(surface, mediumDate.Format(value_), layout::ValueTextRect, vbWindowText,
                SingleLineRight);
   }
 

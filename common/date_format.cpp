@@ -1,9 +1,12 @@
 // The runtime's date formatting: user-defined codes, named formats and the locale's patterns.
 #include "common/date_format.hpp"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstdint>
 #include <cstring>
-#include <vector>
+#include <utility>
 
 #include "common/control_error.hpp"
 #include "common/locale.hpp"
@@ -14,7 +17,7 @@ namespace tarnbrook {
 namespace {
 
 enum class Code : uint8_t {
-  Literal,
+  Literal, // followed by a length byte and the text
   DateSeparator,
   TimeSeparator,
   Day,
@@ -40,7 +43,7 @@ enum class Code : uint8_t {
   Minute2,
   Second,
   Second2,
-  AmPmLetters,     // "AM/PM" or "A/P" as written in the format
+  AmPmLetters,     // "AM/PM" or "A/P" as written, inline like a literal
   AmPmDesignator,  // the locale's AM or PM
   AmPmFirstLetter, // the first letter of the locale's AM or PM
   ShortDate,
@@ -49,35 +52,54 @@ enum class Code : uint8_t {
   GeneralDate,
 };
 
-struct Token {
-  Code code;
-  uint32_t offset = 0; // literal text in CompiledFormat::text
-  uint32_t length = 0;
-};
+bool HasInlineText(Code code) {
+  return code == Code::Literal || code == Code::AmPmLetters;
+}
 
-struct CompiledFormat {
-  std::vector<Token> tokens;
-  std::string text;
-
-  void Add(Code code) { tokens.push_back({code}); }
+// A program is a string of steps: a code byte, and for steps with text a length byte and
+// the text. Small programs fit in the string itself, so a copy costs no allocation.
+class ProgramBuilder {
+public:
+  void Add(Code code) {
+    program_ += static_cast<char>(code);
+    literalAt_ = std::string::npos;
+  }
   void AddLiteral(std::string_view literal) {
-    if (literal.empty()) {
-      return;
+    while (!literal.empty()) {
+      // Adjacent literal text runs as one step, up to the length byte's limit.
+      if (literalAt_ == std::string::npos || program_[literalAt_] == '\xFF') {
+        program_ += static_cast<char>(Code::Literal);
+        literalAt_ = program_.size();
+        program_ += '\0';
+      }
+      const auto used = static_cast<unsigned char>(program_[literalAt_]);
+      const size_t take = std::min<size_t>(literal.size(), 255 - used);
+      program_[literalAt_] = static_cast<char>(used + take);
+      program_.append(literal.substr(0, take));
+      literal.remove_prefix(take);
     }
-    if (!tokens.empty() && tokens.back().code == Code::Literal &&
-        tokens.back().offset + tokens.back().length == text.size()) {
-      tokens.back().length += static_cast<uint32_t>(literal.size());
-    } else {
-      tokens.push_back({Code::Literal, static_cast<uint32_t>(text.size()),
-                        static_cast<uint32_t>(literal.size())});
-    }
-    text += literal;
   }
   void AddWithText(Code code, std::string_view letters) {
-    tokens.push_back(
-        {code, static_cast<uint32_t>(text.size()), static_cast<uint32_t>(letters.size())});
-    text += letters;
+    Add(code);
+    program_ += static_cast<char>(letters.size());
+    program_ += letters;
   }
+  // Every hour code becomes its 12-hour form.
+  void UseTwelveHours() {
+    for (size_t at = 0; at < program_.size(); ++at) {
+      const auto code = static_cast<Code>(program_[at]);
+      if (HasInlineText(code)) {
+        at += 1 + static_cast<unsigned char>(program_[at + 1]);
+      } else if (code == Code::Hour24 || code == Code::Hour24Padded) {
+        program_[at] = static_cast<char>(code == Code::Hour24 ? Code::Hour12 : Code::Hour12Padded);
+      }
+    }
+  }
+  std::string Take() { return std::move(program_); }
+
+private:
+  std::string program_;
+  size_t literalAt_ = std::string::npos; // the length byte of a literal that ends the program
 };
 
 size_t RunLength(std::string_view format, size_t at, char lowerLetter, bool ignoreCase) {
@@ -95,7 +117,7 @@ size_t Utf8CharLength(char lead) {
 }
 
 // Quoted text up to `quote` (or the end); returns the position after the closing quote.
-size_t AddQuoted(CompiledFormat& out, std::string_view format, size_t at, char quote) {
+size_t AddQuoted(ProgramBuilder& out, std::string_view format, size_t at, char quote) {
   size_t end = format.find(quote, at + 1);
   if (end == std::string_view::npos) {
     end = format.size();
@@ -104,7 +126,7 @@ size_t AddQuoted(CompiledFormat& out, std::string_view format, size_t at, char q
   return end < format.size() ? end + 1 : end;
 }
 
-size_t AddEscaped(CompiledFormat& out, std::string_view format, size_t at) {
+size_t AddEscaped(ProgramBuilder& out, std::string_view format, size_t at) {
   if (at + 1 >= format.size()) {
     return format.size();
   }
@@ -115,7 +137,7 @@ size_t AddEscaped(CompiledFormat& out, std::string_view format, size_t at) {
 
 // Quoted text, an escaped character and the two separators read the same in both
 // languages; returns the position after such a piece, or `at` when there is none.
-size_t AddLiteralPiece(CompiledFormat& out, std::string_view format, size_t at, char quote) {
+size_t AddLiteralPiece(ProgramBuilder& out, std::string_view format, size_t at, char quote) {
   switch (format[at]) {
   case '\\':
     return AddEscaped(out, format, at);
@@ -131,8 +153,8 @@ size_t AddLiteralPiece(CompiledFormat& out, std::string_view format, size_t at, 
 }
 
 // The runtime's user-defined codes, read without regard to case.
-CompiledFormat CompileUserFormat(std::string_view format) {
-  CompiledFormat out;
+std::string CompileUserFormat(std::string_view format) {
+  ProgramBuilder out;
   bool afterHour = false; // "m" right after an hour code means minutes
   bool twelveHour = false;
   auto code = [&](Code c) {
@@ -231,41 +253,37 @@ CompiledFormat CompileUserFormat(std::string_view format) {
     ++i;
   }
   if (twelveHour) {
-    for (Token& token : out.tokens) {
-      if (token.code == Code::Hour24 || token.code == Code::Hour24Padded) {
-        token.code = token.code == Code::Hour24 ? Code::Hour12 : Code::Hour12Padded;
-      }
-    }
+    out.UseTwelveHours();
   }
-  return out;
+  return out.Take();
 }
 
 // The runtime's named formats, matched without regard to case; otherwise user codes.
-CompiledFormat CompileFormat(std::string_view format) {
-  CompiledFormat out;
-  if (EqualsIgnoreCaseAscii(format, "General Date")) {
-    out.Add(Code::GeneralDate);
-  } else if (EqualsIgnoreCaseAscii(format, "Long Date")) {
-    out.Add(Code::LongDate);
-  } else if (EqualsIgnoreCaseAscii(format, "Short Date")) {
-    out.Add(Code::ShortDate);
-  } else if (EqualsIgnoreCaseAscii(format, "Long Time")) {
-    out.Add(Code::LongTime);
-  } else if (EqualsIgnoreCaseAscii(format, "Medium Date")) {
-    out = CompileUserFormat("dd-mmm-yy");
-  } else if (EqualsIgnoreCaseAscii(format, "Medium Time")) {
-    out = CompileUserFormat("hh:mm AMPM");
-  } else if (EqualsIgnoreCaseAscii(format, "Short Time")) {
-    out = CompileUserFormat("hh:nn");
-  } else {
-    out = CompileUserFormat(format);
+std::string CompileFormat(std::string_view format) {
+  static constexpr std::pair<std::string_view, Code> Whole[] = {{"General Date", Code::GeneralDate},
+                                                                {"Long Date", Code::LongDate},
+                                                                {"Short Date", Code::ShortDate},
+                                                                {"Long Time", Code::LongTime}};
+  for (const auto& [name, code] : Whole) {
+    if (EqualsIgnoreCaseAscii(format, name)) {
+      ProgramBuilder out;
+      out.Add(code);
+      return out.Take();
+    }
   }
-  return out;
+  static constexpr std::pair<std::string_view, std::string_view> Spelled[] = {
+      {"Medium Date", "dd-mmm-yy"}, {"Medium Time", "hh:mm AMPM"}, {"Short Time", "hh:nn"}};
+  for (const auto& [name, codes] : Spelled) {
+    if (EqualsIgnoreCaseAscii(format, name)) {
+      return CompileUserFormat(codes);
+    }
+  }
+  return CompileUserFormat(format);
 }
 
 // A locale pattern in the picker's language: case-sensitive letters, 'quoted' text.
-CompiledFormat CompileLocalePattern(std::string_view pattern) {
-  CompiledFormat out;
+std::string CompileLocalePattern(std::string_view pattern) {
+  ProgramBuilder out;
   for (size_t i = 0; i < pattern.size();) {
     if (const size_t next = AddLiteralPiece(out, pattern, i, '\''); next != i) {
       i = next;
@@ -315,39 +333,96 @@ CompiledFormat CompileLocalePattern(std::string_view pattern) {
       continue;
     }
   }
-  return out;
+  return out.Take();
 }
 
-// Recently used formats, compiled once. Locale patterns have their own cache because a
-// user format's rendering looks them up while it still uses its own entry.
-template <CompiledFormat (*Compile)(std::string_view)> class FormatCache {
-public:
-  const CompiledFormat& Get(std::string_view key) {
-    if (entries_[last_].used && entries_[last_].key == key) {
-      return entries_[last_].compiled;
-    }
-    for (size_t i = 0; i < entries_.size(); ++i) {
-      if (entries_[i].used && entries_[i].key == key) {
-        last_ = i;
-        return entries_[i].compiled;
+// Short texts (literals, names, digits, format keys) are copied and compared with a few
+// fixed-size moves the compiler inlines, instead of calls into the C library.
+template <typename Word> Word Load(const char* at) {
+  Word word;
+  std::memcpy(&word, at, sizeof word);
+  return word;
+}
+
+template <typename Word> void CopyEnds(char* to, const char* from, size_t length) {
+  const auto head = Load<Word>(from);
+  const auto tail = Load<Word>(from + length - sizeof(Word));
+  std::memcpy(to, &head, sizeof head);
+  std::memcpy(to + length - sizeof(Word), &tail, sizeof tail);
+}
+
+[[gnu::always_inline]] inline void CopyBytes(char* to, const char* from, size_t length) {
+  if (length >= 8 && length <= 16) {
+    CopyEnds<uint64_t>(to, from, length);
+  } else if (length >= 4 && length < 8) {
+    CopyEnds<uint32_t>(to, from, length);
+  } else if (length >= 2 && length < 4) {
+    CopyEnds<uint16_t>(to, from, length);
+  } else if (length == 1) {
+    *to = *from;
+  } else if (length != 0) {
+    std::memcpy(to, from, length);
+  }
+}
+
+template <typename Word> bool SameEnds(const char* a, const char* b, size_t length) {
+  const size_t last = length - sizeof(Word);
+  return ((Load<Word>(a) ^ Load<Word>(b)) | (Load<Word>(a + last) ^ Load<Word>(b + last))) == 0;
+}
+
+bool SameBytes(const char* a, const char* b, size_t length) {
+  if (length >= 8 && length <= 16) {
+    return SameEnds<uint64_t>(a, b, length);
+  }
+  if (length >= 4 && length < 8) {
+    return SameEnds<uint32_t>(a, b, length);
+  }
+  if (length < 4) {
+    for (size_t i = 0; i < length; ++i) {
+      if (a[i] != b[i]) {
+        return false;
       }
     }
+    return true;
+  }
+  return std::memcmp(a, b, length) == 0;
+}
+
+// Recently used formats, compiled once, per thread and bounded: the oldest entry makes room.
+// Locale patterns have their own cache, keyed by the pattern text itself, because a user
+// format's run looks them up while it still uses its own entry.
+template <std::string (*Compile)(std::string_view)> class FormatCache {
+public:
+  const std::string& Get(std::string_view key) {
+    if (Matches(entries_[last_].key, key)) {
+      return entries_[last_].program;
+    }
+    for (size_t i = 0; i < entries_.size(); ++i) {
+      if (Matches(entries_[i].key, key)) {
+        last_ = i;
+        return entries_[i].program;
+      }
+    }
+    // Both made before either is stored, so a failure leaves the entry as it was.
+    std::string program = Compile(key);
+    std::string copy(key);
     Entry& entry = entries_[next_];
-    entry.used = false; // until the new key and its compiled form agree
-    entry.compiled = Compile(key);
-    entry.key.assign(key);
-    entry.used = true;
+    entry.key = std::move(copy);
+    entry.program = std::move(program);
     last_ = next_;
     next_ = (next_ + 1) % entries_.size();
-    return entry.compiled;
+    return entry.program;
   }
 
 private:
+  // An unused entry has an empty key and an empty program, which is what "" compiles to.
   struct Entry {
     std::string key;
-    CompiledFormat compiled;
-    bool used = false;
+    std::string program;
   };
+  static bool Matches(const std::string& key, std::string_view text) {
+    return key.size() == text.size() && SameBytes(key.data(), text.data(), text.size());
+  }
   std::array<Entry, 16> entries_;
   size_t last_ = 0;
   size_t next_ = 0;
@@ -356,104 +431,166 @@ private:
 thread_local FormatCache<CompileFormat> userFormats;
 thread_local FormatCache<CompileLocalePattern> localePatterns;
 
+constexpr std::array<char, 200> MakeDigitPairs() {
+  std::array<char, 200> pairs{};
+  for (int i = 0; i < 100; ++i) {
+    pairs[2 * i] = static_cast<char>('0' + i / 10);
+    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+  }
+  return pairs;
+}
+constexpr std::array<char, 200> DigitPairs = MakeDigitPairs();
+
 // Text collected on the stack; only long results reach the heap.
 class Output {
 public:
-  void Append(std::string_view text) {
-    if (!spilled_ && text.size() <= sizeof local_ - size_) {
-      if (text.size() == 1) { // separators: no call to memcpy
-        local_[size_++] = text[0];
-      } else {
-        std::memcpy(local_ + size_, text.data(), text.size());
-        size_ += text.size();
-      }
-      return;
+  [[gnu::always_inline]] void Append(const char* text, size_t length) {
+    if (char* at = Room(length)) {
+      CopyBytes(at, text, length);
+    } else {
+      Spill().append(text, length);
     }
-    if (!spilled_) {
-      spill_.assign(local_, size_);
-      spilled_ = true;
-    }
-    spill_ += text;
   }
-  // Decimal digits of a number that is never negative, zero-padded to `minDigits`.
-  void Number(int value, int minDigits) {
-    auto magnitude = static_cast<unsigned>(value);
-    if (magnitude < 100 && minDigits <= 2 && !spilled_ && sizeof local_ - size_ >= 2) {
-      if (magnitude >= 10 || minDigits == 2) { // days, months, hours ...
-        local_[size_++] = static_cast<char>('0' + magnitude / 10);
-      }
-      local_[size_++] = static_cast<char>('0' + magnitude % 10);
+  void Append(std::string_view text) { Append(text.data(), text.size()); }
+  // 0..99 as two digits.
+  [[gnu::always_inline]] void Pair(unsigned value) {
+    if (char* at = Room(2)) {
+      std::memcpy(at, &DigitPairs[2 * value], 2);
+    } else {
+      Spill().append(&DigitPairs[2 * value], 2);
+    }
+  }
+  // A year of the runtime's range, without leading zeros.
+  [[gnu::always_inline]] void Year(unsigned year) {
+    char* at = year >= 1000 ? Room(4) : nullptr;
+    if (at == nullptr) {
+      Number(year);
       return;
     }
-    char digits[16];
-    size_t count = 1;
-    for (unsigned rest = magnitude; rest >= 10; rest /= 10) {
+    std::memcpy(at, &DigitPairs[2 * (year / 100)], 2);
+    std::memcpy(at + 2, &DigitPairs[2 * (year % 100)], 2);
+  }
+  // A number that is never negative, without leading zeros.
+  void Number(unsigned value) {
+    if (value < 10) {
+      const char digit = static_cast<char>('0' + value);
+      Append(&digit, 1);
+      return;
+    }
+    if (value < 100) {
+      Pair(value);
+      return;
+    }
+    size_t count = 3;
+    for (unsigned rest = value / 1000; rest != 0; rest /= 10) {
       ++count;
     }
-    count = count < static_cast<size_t>(minDigits) ? static_cast<size_t>(minDigits) : count;
-    const bool direct = !spilled_ && count <= sizeof local_ - size_;
-    char* const start = direct ? local_ + size_ : digits;
-    for (size_t k = count; k > 0; --k) {
-      start[k - 1] = static_cast<char>('0' + magnitude % 10);
-      magnitude /= 10;
+    char spare[10];
+    char* const at = Room(count);
+    char* const digits = at != nullptr ? at : spare;
+    size_t end = count;
+    for (; value >= 100; value /= 100) {
+      end -= 2;
+      std::memcpy(digits + end, &DigitPairs[2 * (value % 100)], 2);
     }
-    if (direct) {
-      size_ += count;
+    if (value >= 10) {
+      std::memcpy(digits, &DigitPairs[2 * value], 2);
     } else {
-      Append(std::string_view(digits, count));
+      digits[0] = static_cast<char>('0' + value);
+    }
+    if (at == nullptr) {
+      Spill().append(spare, count);
     }
   }
   std::string Take() { return spilled_ ? std::move(spill_) : std::string(local_, size_); }
 
 private:
+  char* Room(size_t length) {
+    if (spilled_ || length > sizeof local_ - size_) {
+      return nullptr;
+    }
+    char* at = local_ + size_;
+    size_ += length;
+    return at;
+  }
+  std::string& Spill() {
+    if (!spilled_) {
+      spill_.assign(local_, size_);
+      spilled_ = true;
+    }
+    return spill_;
+  }
+
   char local_[64];
   size_t size_ = 0;
   bool spilled_ = false;
   std::string spill_;
 };
 
+// A value taken apart once for every step that shows a piece of it.
 struct Moment {
-  CivilDateTime civil;
+  long days; // since 30 December 1899
+  CivilDate date;
+  int seconds; // of the day, rounded
   const Locale& locale;
   int firstDayOfWeek;
   int firstWeekOfYear;
 };
 
-int SundayWeekday(const CivilDate& date) {
-  const long days = DaysFromCivil(date.Year, date.Month, date.Day); // day 0 was a Saturday
-  return static_cast<int>(((days + 6) % 7 + 7) % 7) + 1;
-}
-
-void Render(const CompiledFormat& format, const Moment& moment, Output& out);
-
-void RenderLocalePattern(const std::string& pattern, const Moment& moment, Output& out) {
-  Render(localePatterns.Get(pattern), moment, out);
-}
-
-void RenderGeneralDate(const Moment& moment, Output& out) {
-  const CivilDateTime& civil = moment.civil;
-  const bool noDate = civil.Date == CivilDate{};
-  if (!noDate) {
-    RenderLocalePattern(moment.locale.ShortDatePattern, moment, out);
+// The civil day and time of a value inside the runtime's range, exactly as SplitDateValue and
+// CivilFromDateValue give them, with multiplications and shifts only: this runs on every
+// format. The date follows Neri and Schneider's shifted calendar (years from 1 March), counted
+// from 1 March of year 0 so that every number stays positive and within 32 bits.
+Moment TakeApart(DateValue value, const Locale& locale, int firstDayOfWeek, int firstWeekOfYear) {
+  long days = static_cast<long>(value);
+  const double time = std::fabs(value - static_cast<double>(days)) * 86400;
+  // Half a second and more goes up, as llround does; adding 0.5 is exact from 0.5 on.
+  int seconds = time < 0.5 ? 0 : static_cast<int>(time + 0.5);
+  if (seconds == 86400) { // the next civil day, for a negative serial the one nearer zero
+    ++days;
+    seconds = 0;
   }
-  if (noDate || civil.Time != CivilTime{}) {
-    if (!noDate) {
-      out.Append(" ");
-    }
-    RenderLocalePattern(moment.locale.TimePattern, moment, out);
-  }
+  const auto n = static_cast<uint32_t>(days + 693899); // days since 1 March of year 0
+  const uint32_t n1 = 4 * n + 3;
+  const uint32_t century = n1 / 146097;
+  const uint32_t n2 = n1 % 146097 | 3;
+  const uint64_t p2 = uint64_t{2939745} * n2;
+  const auto yearOfCentury = static_cast<uint32_t>(p2 >> 32);
+  const uint32_t dayOfYear = static_cast<uint32_t>(p2) / 2939745 / 4; // from 1 March
+  const uint32_t n3 = 2141 * dayOfYear + 197913;
+  const bool janFeb = dayOfYear >= 306;
+  const CivilDate date{static_cast<int>(100 * century + yearOfCentury + janFeb),
+                       static_cast<int>((n3 >> 16) - (janFeb ? 12 : 0)),
+                       static_cast<int>((n3 & 0xFFFF) / 2141 + 1)};
+  return {days, date, seconds, locale, firstDayOfWeek, firstWeekOfYear};
 }
 
-void Render(const CompiledFormat& format, const Moment& moment, Output& out) {
-  const CivilDate& date = moment.civil.Date;
-  const CivilTime& time = moment.civil.Time;
+int SundayWeekday(long days) {
+  return static_cast<int>(((days + 6) % 7 + 7) % 7) + 1; // day 0 was a Saturday
+}
+
+void RunLocalePattern(const std::string& pattern, const Moment& moment, Output& out);
+void RunGeneralDate(const Moment& moment, Output& out);
+
+// Inlined into its callers, so formatting takes no call between taking a value apart and
+// writing its text.
+[[gnu::always_inline]] inline void Run(std::string_view program, const Moment& moment,
+                                       Output& out) {
+  const CivilDate& date = moment.date;
   const Locale& locale = moment.locale;
-  const bool morning = time.Hour < 12;
-  for (const Token& token : format.tokens) {
-    switch (token.code) {
-    case Code::Literal:
-      out.Append(std::string_view(format.text).substr(token.offset, token.length));
+  const auto hour = static_cast<unsigned>(moment.seconds / 3600);
+  const bool morning = moment.seconds < 12 * 3600;
+  const char* step = program.data();
+  const char* const end = step + program.size();
+  while (step < end) {
+    const auto code = static_cast<Code>(*step++);
+    switch (code) {
+    case Code::Literal: {
+      const auto length = static_cast<unsigned char>(*step++);
+      out.Append(step, length);
+      step += length;
       break;
+    }
     case Code::DateSeparator:
       out.Append(locale.DateSeparator);
       break;
@@ -461,67 +598,77 @@ void Render(const CompiledFormat& format, const Moment& moment, Output& out) {
       out.Append(locale.TimeSeparator);
       break;
     case Code::Day:
+      out.Number(date.Day);
+      break;
     case Code::Day2:
-      out.Number(date.Day, token.code == Code::Day2 ? 2 : 1);
+      out.Pair(date.Day);
       break;
     case Code::DayAbbrev:
     case Code::DayName:
-      out.Append(locale.WeekdayName(SundayWeekday(date), token.code == Code::DayAbbrev));
+      out.Append(locale.WeekdayName(SundayWeekday(moment.days), code == Code::DayAbbrev));
       break;
     case Code::WeekdayNumber:
-      out.Number((SundayWeekday(date) - moment.firstDayOfWeek + 7) % 7 + 1, 1);
+      out.Number((SundayWeekday(moment.days) - moment.firstDayOfWeek + 7) % 7 + 1);
       break;
     case Code::WeekOfYear:
-      out.Number(
-          DatePart("ww", DateValueFromCivil(date), moment.firstDayOfWeek, moment.firstWeekOfYear),
-          1);
+      out.Number(DatePart("ww", static_cast<double>(moment.days), moment.firstDayOfWeek,
+                          moment.firstWeekOfYear));
       break;
     case Code::Month:
+      out.Number(date.Month);
+      break;
     case Code::Month2:
-      out.Number(date.Month, token.code == Code::Month2 ? 2 : 1);
+      out.Pair(date.Month);
       break;
     case Code::MonthAbbrev:
     case Code::MonthName:
-      out.Append(locale.MonthName(date.Month, token.code == Code::MonthAbbrev));
+      out.Append(locale.MonthName(date.Month, code == Code::MonthAbbrev));
       break;
     case Code::Quarter:
-      out.Number((date.Month - 1) / 3 + 1, 1);
+      out.Number((date.Month - 1) / 3 + 1);
       break;
     case Code::DayOfYear:
-      out.Number(static_cast<int>(DaysFromCivil(date.Year, date.Month, date.Day) -
-                                  DaysFromCivil(date.Year, 1, 1)) +
-                     1,
-                 1);
+      out.Number(static_cast<unsigned>(moment.days - DaysFromCivil(date.Year, 1, 1) + 1));
       break;
     case Code::YearOfCentury:
+      out.Number(date.Year % 100);
+      break;
     case Code::Year2:
-      out.Number(date.Year % 100, token.code == Code::Year2 ? 2 : 1);
+      out.Pair(date.Year % 100);
       break;
     case Code::Year4:
-      out.Number(date.Year, 1);
+      out.Year(date.Year);
       break;
     case Code::Hour12:
+      out.Number(hour % 12 == 0 ? 12 : hour % 12);
+      break;
     case Code::Hour12Padded:
-      out.Number(time.Hour % 12 == 0 ? 12 : time.Hour % 12, token.code == Code::Hour12 ? 1 : 2);
+      out.Pair(hour % 12 == 0 ? 12 : hour % 12);
       break;
     case Code::Hour24:
+      out.Number(hour);
+      break;
     case Code::Hour24Padded:
-      out.Number(time.Hour, token.code == Code::Hour24 ? 1 : 2);
+      out.Pair(hour);
       break;
     case Code::Minute:
+      out.Number(moment.seconds / 60 % 60);
+      break;
     case Code::Minute2:
-      out.Number(time.Minute, token.code == Code::Minute ? 1 : 2);
+      out.Pair(moment.seconds / 60 % 60);
       break;
     case Code::Second:
+      out.Number(moment.seconds % 60);
+      break;
     case Code::Second2:
-      out.Number(time.Second, token.code == Code::Second ? 1 : 2);
+      out.Pair(moment.seconds % 60);
       break;
     case Code::AmPmLetters: {
       // "AM/PM" -> "AM" or "PM", "a/p" -> "a" or "p", each as written.
-      const size_t half = token.length == 3 ? 1 : 2;
-      const std::string_view letters =
-          std::string_view(format.text).substr(token.offset, token.length);
-      out.Append(morning ? letters.substr(0, half) : letters.substr(half + 1, half));
+      const auto length = static_cast<unsigned char>(*step++);
+      const size_t half = length == 3 ? 1 : 2;
+      out.Append(morning ? step : step + half + 1, half);
+      step += length;
       break;
     }
     case Code::AmPmDesignator:
@@ -531,18 +678,35 @@ void Render(const CompiledFormat& format, const Moment& moment, Output& out) {
       out.Append(Utf8Left(morning ? locale.AmDesignator : locale.PmDesignator, 1));
       break;
     case Code::ShortDate:
-      RenderLocalePattern(locale.ShortDatePattern, moment, out);
+      RunLocalePattern(locale.ShortDatePattern, moment, out);
       break;
     case Code::LongDate:
-      RenderLocalePattern(locale.LongDatePattern, moment, out);
+      RunLocalePattern(locale.LongDatePattern, moment, out);
       break;
     case Code::LongTime:
-      RenderLocalePattern(locale.TimePattern, moment, out);
+      RunLocalePattern(locale.TimePattern, moment, out);
       break;
     case Code::GeneralDate:
-      RenderGeneralDate(moment, out);
+      RunGeneralDate(moment, out);
       break;
     }
+  }
+}
+
+void RunLocalePattern(const std::string& pattern, const Moment& moment, Output& out) {
+  Run(localePatterns.Get(pattern), moment, out);
+}
+
+void RunGeneralDate(const Moment& moment, Output& out) {
+  const bool noDate = moment.days == 0;
+  if (!noDate) {
+    RunLocalePattern(moment.locale.ShortDatePattern, moment, out);
+  }
+  if (noDate || moment.seconds != 0) {
+    if (!noDate) {
+      out.Append(" ", 1);
+    }
+    RunLocalePattern(moment.locale.TimePattern, moment, out);
   }
 }
 
@@ -559,6 +723,17 @@ int Resolve(int setting, int lastValid, int localeSetting) {
   return setting == 0 ? localeSetting : setting;
 }
 
+std::string RunProgram(std::string_view program, DateValue value, int firstDayOfWeek,
+                       int firstWeekOfYear, const Locale& locale) {
+  CheckFormattable(value);
+  const Moment moment =
+      TakeApart(value, locale, Resolve(firstDayOfWeek, vbSaturday, locale.FirstDayOfWeek),
+                Resolve(firstWeekOfYear, vbFirstFullWeek, locale.FirstWeekOfYear));
+  Output out;
+  Run(program, moment, out);
+  return out.Take();
+}
+
 } // namespace
 
 std::string FormatDate(DateValue value, std::string_view format, int firstDayOfWeek,
@@ -571,13 +746,7 @@ std::string FormatDate(DateValue value, std::string_view format, int firstDayOfW
   if (format.empty()) {
     return DateToText(value, locale);
   }
-  CheckFormattable(value);
-  const Moment moment{CivilFromDateValue(value), locale,
-                      Resolve(firstDayOfWeek, vbSaturday, locale.FirstDayOfWeek),
-                      Resolve(firstWeekOfYear, vbFirstFullWeek, locale.FirstWeekOfYear)};
-  Output out;
-  Render(userFormats.Get(format), moment, out);
-  return out.Take();
+  return RunProgram(userFormats.Get(format), value, firstDayOfWeek, firstWeekOfYear, locale);
 }
 
 std::string DateToText(DateValue value) {
@@ -586,11 +755,26 @@ std::string DateToText(DateValue value) {
 
 std::string DateToText(DateValue value, const Locale& locale) {
   CheckFormattable(value);
-  const Moment moment{CivilFromDateValue(value), locale, locale.FirstDayOfWeek,
-                      locale.FirstWeekOfYear};
+  const Moment moment = TakeApart(value, locale, locale.FirstDayOfWeek, locale.FirstWeekOfYear);
   Output out;
-  RenderGeneralDate(moment, out);
+  RunGeneralDate(moment, out);
   return out.Take();
+}
+
+CompiledDateFormat::CompiledDateFormat(std::string_view format)
+    : default_(format.empty()), program_(CompileFormat(format)) {}
+
+std::string CompiledDateFormat::Format(DateValue value, int firstDayOfWeek,
+                                       int firstWeekOfYear) const {
+  return Format(value, firstDayOfWeek, firstWeekOfYear, CurrentLocale());
+}
+
+std::string CompiledDateFormat::Format(DateValue value, int firstDayOfWeek, int firstWeekOfYear,
+                                       const Locale& locale) const {
+  if (default_) {
+    return DateToText(value, locale);
+  }
+  return RunProgram(program_, value, firstDayOfWeek, firstWeekOfYear, locale);
 }
 
 } // namespace tarnbrook

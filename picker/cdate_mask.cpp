@@ -57,7 +57,8 @@ std::string ReplaceAll(std::string text, char from, char to) {
 // The designator of `time` cut to the token's length. Both probe times of the width lie in
 // the afternoon; the field has always been measured that way.
 std::string Designator(DateValue time, size_t length) {
-  return Utf8Left(FormatDate(time, "AMPM"), length);
+  static const CompiledDateFormat amPm("AMPM");
+  return Utf8Left(amPm.Format(time), length);
 }
 
 int32_t DesignatorWidth(cMDC& surface, size_t length) {
@@ -105,7 +106,7 @@ void CDateMask::SetMask(cMDC& Surface, const std::string& Mask, int32_t Left, in
   const MaskToken* token = ForceLiteral ? nullptr : FindToken(Mask);
   isliteral_ = token == nullptr;
   literalText_ = isliteral_ ? Mask : std::string();
-  runtimeCode_ = isliteral_ ? std::string() : std::string(token->runtimeCode);
+  runtimeFormat_ = isliteral_ ? CompiledDateFormat() : CompiledDateFormat(token->runtimeCode);
   maskType_ = isliteral_ ? std::string() : std::string(token->type);
   if (isliteral_) {
     width_ = Surface.TextWidth(Mask);
@@ -231,7 +232,7 @@ std::string CDateMask::Text() const {
   if (mask_ == "y") {
     return std::to_string(Year(value_) % 100);
   }
-  return FormatDate(value_, runtimeCode_);
+  return runtimeFormat_.Format(value_);
 }
 
 void CDateMask::Draw() {

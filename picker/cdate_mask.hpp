@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <string>
 
+#include "common/date_format.hpp"
 #include "common/date_value.hpp"
 
 namespace tarnbrook {
@@ -64,8 +65,8 @@ private:
 
   cMDC* surface_ = nullptr;
   std::string mask_;
-  std::string literalText_; // a literal's text as given, before the minute replacement
-  std::string runtimeCode_; // the runtime's format code that shows the token
+  std::string literalText_;          // a literal's text as given, before the minute replacement
+  CompiledDateFormat runtimeFormat_; // shows the token; compiled at layout
   std::string maskType_;
   bool isliteral_ = true;
   DateValue value_ = 0;
