@@ -14,7 +14,7 @@ constexpr int32_t RowHeight = 21;
 constexpr int32_t RowGap = 4;
 constexpr int32_t SizeWidth = 44;
 constexpr const char* StyleCaptions[4] = {"Bold", "Italic", "Underline", "Strikeout"};
-constexpr int32_t StyleWidths[4] = {48, 48, 72, 72};
+constexpr int32_t StyleWidths[4] = {56, 56, 82, 82};
 
 template <class T, class Part> std::optional<T> Shared(const std::vector<Font>& fonts, Part part) {
   if (fonts.empty())

@@ -52,8 +52,8 @@ FormatList::FormatList(HWND parent) : Control(parent) {
   preview_->SetButton(dtpNone);
   preview_->SetLocked(true);
   preview_->SetTabStop(false);
+  preview_->SetEnabled(false); // only shown: no field of it stands selected
   preview_->SetUseFocusColor(false);
-  preview_->SetFormat(dtpCustom);
   ShowPreview();
 }
 
@@ -62,10 +62,15 @@ FormatList::~FormatList() {
   readyMade_->Disconnect(&readyMadeRelay_);
 }
 
+void FormatList::SetIndent(int32_t indent) {
+  indent_ = indent;
+  OnResize();
+}
+
 void FormatList::OnResize() {
   int32_t width = ScaleWidth();
-  format_->Move(0, 0, width, RowHeight);
-  readyMade_->Move(0, RowHeight + RowGap, width, RowHeight);
+  format_->Move(indent_, 0, width - indent_, RowHeight);
+  readyMade_->Move(indent_, RowHeight + RowGap, width - indent_, RowHeight);
   preview_->Move(0, 2 * (RowHeight + RowGap), width, RowHeight);
 }
 
@@ -114,6 +119,8 @@ void FormatList::Picked() {
 
 void FormatList::ShowPreview() {
   try {
+    // No format at all is the picker's short date.
+    preview_->SetFormat(format_->Text().empty() ? dtpShortDate : dtpCustom);
     preview_->SetCustomFormat(format_->Text());
     preview_->SetValue(Variant::Date(Platform::Current().Now()));
   } catch (const ControlError&) {

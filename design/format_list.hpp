@@ -28,6 +28,9 @@ public:
   const std::string& Format() const { return format_->Text(); }
   void SetFormat(const std::string& format); // raises no change
   void SetOnChange(std::function<void()> handler) { onChange_ = std::move(handler); }
+  // Where the format and the list start; the preview, as wide as a picker may need, always
+  // takes the whole width.
+  void SetIndent(int32_t indent);
 
   // The preview's text, field by field as the picker shows it.
   std::string PreviewText() const;
@@ -52,6 +55,7 @@ private:
   ComboRelay readyMadeRelay_;
   std::function<void()> onChange_;
   bool updating_ = false;
+  int32_t indent_ = 0;
 };
 
 } // namespace tarnbrook

@@ -68,7 +68,7 @@ class PropertyEditor {
 public:
   static constexpr int32_t RowHeight = 21;
   static constexpr int32_t RowGap = 4;
-  static constexpr int32_t LabelWidth = 112;
+  static constexpr int32_t LabelWidth = 140;
 
   explicit PropertyEditor(PropertyField field) : field_(std::move(field)) {}
   virtual ~PropertyEditor() = default;
@@ -116,7 +116,7 @@ std::unique_ptr<PropertyEditor> MakeEditor(const PropertyField& field, const Cla
 // One page on one or more controls of its class.
 class PropertyPage : public Control {
 public:
-  static constexpr int32_t ColumnWidth = 300;
+  static constexpr int32_t ColumnWidth = 328;
   static constexpr int32_t Margin = 8;
 
   PropertyPage(HWND parent, const PageDescription& description, std::vector<Control*> targets);

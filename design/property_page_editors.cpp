@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "automation/type_library.hpp"
 #include "common/picture.hpp"
 #include "design/color_chooser.hpp"
 #include "design/font_chooser.hpp"
@@ -305,9 +306,10 @@ public:
 
   int32_t Create(PropertyPage& page, int32_t left, int32_t top, int32_t width) override {
     page_ = &page;
-    AddCaption(page, Name(), left, top);
     list_ = std::make_unique<FormatList>(page.hWnd());
-    list_->Move(left + LabelWidth, top, width - LabelWidth, FormatList::PreferredHeight);
+    list_->Move(left, top, width, FormatList::PreferredHeight);
+    list_->SetIndent(LabelWidth);
+    AddCaption(page, Name(), left, top); // after the list: above it
     list_->SetOnChange([this] { Touched(); });
     return FormatList::PreferredHeight;
   }
@@ -493,11 +495,17 @@ protected:
   }
 };
 
+// An enumeration by name: the class's own first, then any in the library (the picker's
+// calendar properties use the calendar's, DateSelect the picker's).
 std::vector<std::pair<std::string, int32_t>> EnumerationOf(const ClassInfo& info,
                                                            const std::string& name) {
   for (const EnumInfo& enumeration : info.enums)
     if (enumeration.name == name)
       return enumeration.values;
+  for (const ClassInfo* other : TarnbrookClasses())
+    for (const EnumInfo& enumeration : other->enums)
+      if (enumeration.name == name)
+        return enumeration.values;
   return {};
 }
 
