@@ -177,7 +177,10 @@ bool FormDesigner::Place(Control& control, const Rect& bounds) {
     control.Move(bounds.left, bounds.top, bounds.Width(), bounds.Height());
     return true;
   } catch (const ControlError& error) {
-    control.ReportError(error);
+    // A drag reports its first refusal only, not one per step of the pointer.
+    if (drag_ == Drag::None || !refusedInDrag_)
+      control.ReportError(error);
+    refusedInDrag_ = drag_ != Drag::None;
     return false;
   }
 }
@@ -393,6 +396,7 @@ void FormDesigner::Press(HWND target, Point screen) {
   }
   dragStart_ = screen;
   dragOffset_ = {};
+  refusedInDrag_ = false;
   platform.SetCapture(form_.hWnd()); // the drag is followed beyond the form
 }
 

@@ -33,8 +33,9 @@ namespace tarnbrook {
 // are drawn.
 //
 // Every change is a real one (Control::Move, Container::Remove): saving the form keeps it.
-// A size the control refuses (ControlError from Move) goes to the control's error handler,
-// the form's, instead of being thrown.
+// A size the control refuses (ControlError from Move) goes to the form's error handler with
+// the control's name instead of being thrown, once per drag; the control stays as it was.
+// The form must outlive its designer.
 class FormDesigner : private IWindowsHook {
 public:
   explicit FormDesigner(Container& form);
@@ -125,6 +126,7 @@ private:
   HWND dragControl_ = 0;
   Point dragStart_;
   Point dragOffset_;
+  bool refusedInDrag_ = false;
   std::vector<Rect> dragOrigins_; // of the selection, or of the control being resized
 };
 
