@@ -370,7 +370,7 @@ template <typename Word> bool SameEnds(const char* a, const char* b, size_t leng
   return ((Load<Word>(a) ^ Load<Word>(b)) | (Load<Word>(a + last) ^ Load<Word>(b + last))) == 0;
 }
 
-bool SameBytes(const char* a, const char* b, size_t length) {
+[[gnu::always_inline]] inline bool SameBytes(const char* a, const char* b, size_t length) {
   if (length >= 8 && length <= 16) {
     return SameEnds<uint64_t>(a, b, length);
   }
@@ -441,40 +441,40 @@ constexpr std::array<char, 200> MakeDigitPairs() {
 }
 constexpr std::array<char, 200> DigitPairs = MakeDigitPairs();
 
-// Text collected on the stack; only long results reach the heap.
+// Text written straight into the string that is returned. Copying a finished buffer would
+// read back bytes just stored one or two at a time, which the processor cannot forward to a
+// wider read: that wait cost more than all the digits. Short results stay in the string's
+// own storage.
 class Output {
 public:
+  // Sized to what std::string holds without the heap in the common standard libraries.
+  explicit Output(std::string& text) : text_(text) {
+    text_.assign(15, '\0');
+    begin_ = cursor_ = text_.data();
+    end_ = begin_ + text_.size();
+  }
   [[gnu::always_inline]] void Append(const char* text, size_t length) {
-    if (char* at = Room(length)) {
-      CopyBytes(at, text, length);
-    } else {
-      Spill().append(text, length);
-    }
+    CopyBytes(Room(length), text, length);
   }
   void Append(std::string_view text) { Append(text.data(), text.size()); }
   // 0..99 as two digits.
   [[gnu::always_inline]] void Pair(unsigned value) {
-    if (char* at = Room(2)) {
-      std::memcpy(at, &DigitPairs[2 * value], 2);
-    } else {
-      Spill().append(&DigitPairs[2 * value], 2);
-    }
+    std::memcpy(Room(2), &DigitPairs[2 * value], 2);
   }
   // A year of the runtime's range, without leading zeros.
   [[gnu::always_inline]] void Year(unsigned year) {
-    char* at = year >= 1000 ? Room(4) : nullptr;
-    if (at == nullptr) {
+    if (year < 1000) {
       Number(year);
       return;
     }
+    char* at = Room(4);
     std::memcpy(at, &DigitPairs[2 * (year / 100)], 2);
     std::memcpy(at + 2, &DigitPairs[2 * (year % 100)], 2);
   }
   // A number that is never negative, without leading zeros.
   void Number(unsigned value) {
     if (value < 10) {
-      const char digit = static_cast<char>('0' + value);
-      Append(&digit, 1);
+      *Room(1) = static_cast<char>('0' + value);
       return;
     }
     if (value < 100) {
@@ -485,9 +485,7 @@ public:
     for (unsigned rest = value / 1000; rest != 0; rest /= 10) {
       ++count;
     }
-    char spare[10];
-    char* const at = Room(count);
-    char* const digits = at != nullptr ? at : spare;
+    char* const digits = Room(count);
     size_t end = count;
     for (; value >= 100; value /= 100) {
       end -= 2;
@@ -498,33 +496,32 @@ public:
     } else {
       digits[0] = static_cast<char>('0' + value);
     }
-    if (at == nullptr) {
-      Spill().append(spare, count);
-    }
   }
-  std::string Take() { return spilled_ ? std::move(spill_) : std::string(local_, size_); }
+  // Cuts the string to the text written.
+  void Finish() { text_.resize(static_cast<size_t>(cursor_ - begin_)); }
 
 private:
-  char* Room(size_t length) {
-    if (spilled_ || length > sizeof local_ - size_) {
-      return nullptr;
+  // The next `length` bytes of the text, to be filled.
+  [[gnu::always_inline]] char* Room(size_t length) {
+    if (length > static_cast<size_t>(end_ - cursor_)) {
+      Grow(length);
     }
-    char* at = local_ + size_;
-    size_ += length;
+    char* at = cursor_;
+    cursor_ += length;
     return at;
   }
-  std::string& Spill() {
-    if (!spilled_) {
-      spill_.assign(local_, size_);
-      spilled_ = true;
-    }
-    return spill_;
+  [[gnu::noinline]] void Grow(size_t length) {
+    const size_t used = static_cast<size_t>(cursor_ - begin_);
+    text_.resize(std::max(2 * text_.size(), used + length));
+    begin_ = text_.data();
+    cursor_ = begin_ + used;
+    end_ = begin_ + text_.size();
   }
 
-  char local_[64];
-  size_t size_ = 0;
-  bool spilled_ = false;
-  std::string spill_;
+  std::string& text_;
+  char* begin_;
+  char* cursor_;
+  char* end_;
 };
 
 // A value taken apart once for every step that shows a piece of it.
@@ -541,7 +538,8 @@ struct Moment {
 // CivilFromDateValue give them, with multiplications and shifts only: this runs on every
 // format. The date follows Neri and Schneider's shifted calendar (years from 1 March), counted
 // from 1 March of year 0 so that every number stays positive and within 32 bits.
-Moment TakeApart(DateValue value, const Locale& locale, int firstDayOfWeek, int firstWeekOfYear) {
+[[gnu::always_inline]] inline Moment TakeApart(DateValue value, const Locale& locale,
+                                               int firstDayOfWeek, int firstWeekOfYear) {
   long days = static_cast<long>(value);
   const double time = std::fabs(value - static_cast<double>(days)) * 86400;
   // Half a second and more goes up, as llround does; adding 0.5 is exact from 0.5 on.
@@ -729,16 +727,22 @@ std::string RunProgram(std::string_view program, DateValue value, int firstDayOf
   const Moment moment =
       TakeApart(value, locale, Resolve(firstDayOfWeek, vbSaturday, locale.FirstDayOfWeek),
                 Resolve(firstWeekOfYear, vbFirstFullWeek, locale.FirstWeekOfYear));
-  Output out;
+  std::string text;
+  Output out(text);
   Run(program, moment, out);
-  return out.Take();
+  out.Finish();
+  return text;
 }
 
 } // namespace
 
 std::string FormatDate(DateValue value, std::string_view format, int firstDayOfWeek,
                        int firstWeekOfYear) {
-  return FormatDate(value, format, firstDayOfWeek, firstWeekOfYear, CurrentLocale());
+  const Locale& locale = CurrentLocale();
+  if (format.empty()) {
+    return DateToText(value, locale);
+  }
+  return RunProgram(userFormats.Get(format), value, firstDayOfWeek, firstWeekOfYear, locale);
 }
 
 std::string FormatDate(DateValue value, std::string_view format, int firstDayOfWeek,
@@ -756,9 +760,11 @@ std::string DateToText(DateValue value) {
 std::string DateToText(DateValue value, const Locale& locale) {
   CheckFormattable(value);
   const Moment moment = TakeApart(value, locale, locale.FirstDayOfWeek, locale.FirstWeekOfYear);
-  Output out;
+  std::string text;
+  Output out(text);
   RunGeneralDate(moment, out);
-  return out.Take();
+  out.Finish();
+  return text;
 }
 
 CompiledDateFormat::CompiledDateFormat(std::string_view format)
@@ -766,7 +772,11 @@ CompiledDateFormat::CompiledDateFormat(std::string_view format)
 
 std::string CompiledDateFormat::Format(DateValue value, int firstDayOfWeek,
                                        int firstWeekOfYear) const {
-  return Format(value, firstDayOfWeek, firstWeekOfYear, CurrentLocale());
+  const Locale& locale = CurrentLocale();
+  if (default_) {
+    return DateToText(value, locale);
+  }
+  return RunProgram(program_, value, firstDayOfWeek, firstWeekOfYear, locale);
 }
 
 std::string CompiledDateFormat::Format(DateValue value, int firstDayOfWeek, int firstWeekOfYear,
