@@ -43,6 +43,9 @@ std::string BaseName(const std::string& path) {
 class Designer : private IWindowsHook {
 public:
   Designer(X11Platform& platform, const std::string& path) : platform_(platform), path_(path) {
+    // In place before the controls are drawn; sized once they are known.
+    platform_.MoveWindow(form_.hWnd(), FormLeft, FormTop, MinWidth,
+                         MinHeight + StatusHeight + MemoryPlatform::CaptionHeight, true);
     form_.LoadFromFile(path_);
     int32_t width = MinWidth, height = MinHeight;
     for (size_t i = 0; i < form_.Count(); ++i) {
