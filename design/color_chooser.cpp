@@ -72,6 +72,7 @@ ColorChooser::ColorChooser(HWND parent) : Control(parent) {
     channels_[i]->SetMaxLength(3);
     channels_[i]->SetAlignment(1);
     channelRelays_[i].change = [this] { ChannelTyped(); };
+    SelectAllOnFocus(*channels_[i], channelRelays_[i]);
     // Leaving a channel checks only its own text: the next one may still be blank.
     channelRelays_[i].validate = [this, i](bool& cancel) {
       try {

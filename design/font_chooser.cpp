@@ -85,6 +85,7 @@ FontChooser::FontChooser(HWND parent) : Control(parent) {
   size_->InitProperties();
   size_->SetAlignment(1);
   sizeRelay_.change = [this] { Changed(); };
+  SelectAllOnFocus(*size_, sizeRelay_);
   sizeRelay_.validate = [this](bool& cancel) {
     if (size_->Text().empty())
       return;

@@ -39,6 +39,7 @@ FormatList::FormatList(HWND parent) : Control(parent) {
   format_ = std::make_unique<TextBox>(hWnd());
   format_->InitProperties();
   formatRelay_.change = [this] { Typed(); };
+  SelectAllOnFocus(*format_, formatRelay_);
   format_->Connect(&formatRelay_);
 
   readyMade_ = std::make_unique<ComboBox>(hWnd());

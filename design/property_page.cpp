@@ -255,13 +255,8 @@ PropertySheet::PropertySheet(const std::vector<Control*>& selection, HWND owner)
   platform.ShowWindow(frame_, SW_SHOW);
   body_->Refresh();
   // The focus starts in the first field of the first page.
-  for (size_t i = 0; i < pages_.front()->EditorCount(); ++i) {
-    Control& input = pages_.front()->Editor(i).Input();
-    if (input.TabStop()) {
-      input.SetFocus();
-      break;
-    }
-  }
+  if (pages_.front()->EditorCount() > 0)
+    pages_.front()->Editor(0).Focus();
 }
 
 PropertySheet::~PropertySheet() {

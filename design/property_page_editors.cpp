@@ -108,6 +108,7 @@ public:
     box_->InitProperties();
     box_->Move(left + LabelWidth, top, width - LabelWidth, RowHeight);
     relay_.change = [this] { Touched(); };
+    SelectAllOnFocus(*box_, relay_);
     box_->Connect(&relay_);
     return RowHeight;
   }

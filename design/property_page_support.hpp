@@ -41,6 +41,11 @@ std::string NumberText(double value);
 struct TextRelay : TextBoxEvents {
   std::function<void()> change;
   std::function<void(bool&)> validate;
+  std::function<void()> gotFocus;
+  void GotFocus() override {
+    if (gotFocus)
+      gotFocus();
+  }
   void Change() override {
     if (change)
       change();
@@ -82,5 +87,14 @@ struct PickerRelay : DatePickerEvents {
       change();
   }
 };
+
+// Selects the whole text of a field the focus comes to, as a dialog does for Tab (a press
+// then puts the caret where it was pressed).
+inline void SelectAllOnFocus(TextBox& box, TextRelay& relay) {
+  relay.gotFocus = [&box] {
+    box.SetSelStart(0);
+    box.SetSelLength(static_cast<int32_t>(box.Text().size()));
+  };
+}
 
 } // namespace tarnbrook

@@ -1,4 +1,5 @@
 // The sheet's machinery: Apply, OK and Cancel, several controls at once, and refusals.
+#include "design/form_designer.hpp"
 #include "tests/design/property_page_fixture.hpp"
 
 namespace tarnbrook {
@@ -235,6 +236,28 @@ TEST_F(PropertyPageTest, AValueTheControlRefusesShowsItsErrorAndTakesBackEveryth
   EXPECT_FALSE(sheet->Apply());
   EXPECT_EQ(Messages().size(), before + 1);
   EXPECT_EQ(picker.CalendarBackground(), nullptr);
+}
+
+TEST_F(PropertyPageTest, OpenedFromTheDesignerThePagesTakeTheKeysTheDesignerWouldOtherwise) {
+  auto& picker = Place<DatePicker>("Picker1", 40);
+  FormDesigner designer(*form);
+  std::unique_ptr<PropertySheet> sheet;
+  designer.SetShowPropertiesHandler(
+      [&](const std::vector<Control*>& selection) { sheet = Open(selection); });
+  ClickOn(picker, 60, 10);
+  platform.Key(VK_F4);
+  ASSERT_NE(sheet, nullptr);
+  // Format has the focus: two steps down is dtpCustom, Tab goes on to the custom format.
+  platform.Key(VK_DOWN);
+  platform.Key(VK_DOWN);
+  platform.Key(VK_TAB);
+  platform.Type("yyyy-MM-dd");
+  ClickButton(sheet->OkButton());
+  EXPECT_TRUE(sheet->Closed());
+  EXPECT_EQ(picker.Format(), dtpCustom);
+  EXPECT_EQ(picker.CustomFormat(), "yyyy-MM-dd");
+  EXPECT_EQ(platform.GetWindowRect(picker.hWnd()).top,
+            platform.ClientToScreen(form->hWnd(), {0, 40}).y); // the arrows moved nothing
 }
 
 } // namespace
