@@ -1,8 +1,9 @@
 // A control's own heap memory beside its off-screen surfaces (target: at most 1.5 times).
 // Measured as the heap bytes in use after the control was made, sized, shown and painted,
-// less the canvases of its windows, which belong to the window system. Each surface is as
-// large as its window, so those canvases also give the surfaces' size. Process-wide caches
-// (fonts, shaped text) are warmed by a control made and dropped before the measurement.
+// less the images of its windows' canvases, which belong to the window system. A shown
+// window's surface is as large as its canvas, so those images also give the surfaces' size;
+// a hidden window has neither until it is first shown. Process-wide caches (fonts, shaped
+// text) are warmed by a control made and dropped before the measurement.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
@@ -21,10 +22,9 @@ size_t HeapInUse() {
   return mallinfo2().uordblks;
 }
 
-// Bytes of the canvases of a window and its children.
+// Bytes of the canvas images of a window and its children.
 size_t WindowCanvases(MemoryPlatform& platform, HWND hwnd) {
-  Rect r = platform.GetClientRect(hwnd);
-  size_t bytes = size_t(r.Width()) * r.Height() * 4;
+  size_t bytes = platform.WindowCanvas(hwnd)->ImageBytes();
   for (HWND child : platform.Children(hwnd))
     bytes += WindowCanvases(platform, child);
   return bytes;
@@ -61,7 +61,7 @@ static void BM_MonthCalendar_Memory(benchmark::State& state) {
 }
 BENCHMARK(BM_MonthCalendar_Memory)->Iterations(20);
 
-// The picker owns its drop-down calendar: both surfaces count.
+// The picker's drop-down calendar has no images until it first drops down.
 static void BM_DatePicker_Memory(benchmark::State& state) {
   MeasureControl<DatePicker>(state, 140, 21);
 }

@@ -15,6 +15,7 @@ using namespace month_calendar_defaults;
 namespace layout = month_calendar_layout;
 
 MonthCalendar::MonthCalendar(HWND parent) : Control(parent) {
+  PaintBatch batch(false);             // painted by its container, once placed
   Move(0, 0, FixedWidth, FixedHeight); // the buttons draw into the surface of this size
 
   dropDown_.Connect(this);

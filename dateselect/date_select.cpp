@@ -32,7 +32,8 @@ constexpr int32_t LastRecord = 15; // the records' storage goes one past the opt
 } // namespace
 
 DateSelect::DateSelect(HWND parent) : Control(parent), option_(std::make_shared<CdtsOption>()) {
-  SetTabStop(false); // the constituents take the focus
+  PaintBatch batch(false); // painted by its container, once placed
+  SetTabStop(false);       // the constituents take the focus
   for (int32_t i = 0; i < OptionCount; ++i)
     records_[i] = {i, DefaultTexts[i], true};
   records_[LastRecord] = {LastRecord, "", false};

@@ -40,12 +40,7 @@ void Canvas::Impl::Fill(Rect r, uint32_t pixel) {
 }
 
 Canvas::Canvas(int32_t width, int32_t height) : impl_(std::make_unique<Impl>()) {
-  try {
-    Resize(width, height);
-  } catch (...) {
-    cairo_surface_destroy(impl_->surface); // no destructor runs for a refused canvas
-    throw;
-  }
+  Resize(width, height);
 }
 
 Canvas::~Canvas() {
@@ -58,31 +53,38 @@ Canvas::~Canvas() {
 void Canvas::Resize(int32_t width, int32_t height) {
   width = std::max(width, 0);
   height = std::max(height, 0);
-  if (impl_->surface && width == impl_->width && height == impl_->height) {
+  if (width == impl_->width && height == impl_->height) {
     return;
   }
   if (impl_->surface) {
     cairo_surface_destroy(impl_->surface);
     impl_->surface = nullptr;
   }
-  // A failed image is never kept: the canvas is left without pixels, 0 x 0.
   impl_->pixels = nullptr;
   impl_->width = impl_->height = impl_->stride = 0;
+  impl_->freshPixel = ToPixel(0xFFFFFF);
   if (width > MaxSize || height > MaxSize) {
-    impl_->surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 0, 0);
     RaiseRuntimeError(rtOverflow, "Canvas");
   }
-  impl_->surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
-  if (cairo_surface_status(impl_->surface) != CAIRO_STATUS_SUCCESS) {
-    cairo_surface_destroy(impl_->surface);
-    impl_->surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 0, 0);
-    RaiseRuntimeError(7, "Canvas"); // out of memory
-  }
-  impl_->pixels = reinterpret_cast<uint32_t*>(cairo_image_surface_get_data(impl_->surface));
   impl_->width = width;
   impl_->height = height;
-  impl_->stride = cairo_image_surface_get_stride(impl_->surface) / 4;
-  impl_->Fill({0, 0, width, height}, ToPixel(0xFFFFFF));
+}
+
+void Canvas::Impl::MakeImage() const {
+  surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
+  if (cairo_surface_status(surface) != CAIRO_STATUS_SUCCESS) {
+    cairo_surface_destroy(surface);
+    surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 0, 0);
+    pixels = nullptr;
+    width = height = stride = 0;
+    RaiseRuntimeError(7, "Canvas"); // out of memory
+  }
+  pixels = reinterpret_cast<uint32_t*>(cairo_image_surface_get_data(surface));
+  stride = cairo_image_surface_get_stride(surface) / 4;
+  for (int32_t y = 0; y < height; ++y) {
+    std::fill(pixels + static_cast<ptrdiff_t>(y) * stride,
+              pixels + static_cast<ptrdiff_t>(y) * stride + width, freshPixel);
+  }
 }
 
 int32_t Canvas::Width() const {
@@ -128,6 +130,13 @@ void Canvas::SetBrushOrigin(Point origin) {
   impl_->brushOrigin = origin;
 }
 
+void Canvas::Clear(COLORREF color) {
+  if (impl_->surface)
+    impl_->Fill({0, 0, impl_->width, impl_->height}, ToPixel(color));
+  else
+    impl_->freshPixel = ToPixel(color);
+}
+
 void Canvas::FillRect(const Rect& rect, COLORREF color) {
   impl_->Fill(rect, ToPixel(color));
 }
@@ -138,7 +147,9 @@ void Canvas::SetPixel(int32_t x, int32_t y, COLORREF color) {
 
 // CLR_INVALID outside the image.
 COLORREF Canvas::GetPixel(int32_t x, int32_t y) const {
-  return impl_->Inside(x, y) ? ToColor(impl_->Row(y)[x]) : 0xFFFFFFFFu;
+  if (!impl_->Inside(x, y))
+    return 0xFFFFFFFFu;
+  return ToColor(impl_->surface ? impl_->Row(y)[x] : impl_->freshPixel);
 }
 
 void Canvas::BitBlt(int32_t x, int32_t y, int32_t width, int32_t height, const Canvas& source,
@@ -237,6 +248,7 @@ cairo_status_t AppendBytes(void* closure, const unsigned char* data, unsigned in
 } // namespace
 
 void Canvas::WritePng(const std::string& path) const {
+  impl_->Row(0);
   cairo_surface_mark_dirty(impl_->surface);
   if (cairo_surface_write_to_png(impl_->surface, path.c_str()) != CAIRO_STATUS_SUCCESS) {
     throw std::runtime_error("cannot write " + path);
@@ -245,6 +257,7 @@ void Canvas::WritePng(const std::string& path) const {
 
 std::vector<uint8_t> Canvas::PngBytes() const {
   std::vector<uint8_t> bytes;
+  impl_->Row(0);
   cairo_surface_mark_dirty(impl_->surface);
   if (cairo_surface_write_to_png_stream(impl_->surface, AppendBytes, &bytes) !=
       CAIRO_STATUS_SUCCESS) {
@@ -254,9 +267,14 @@ std::vector<uint8_t> Canvas::PngBytes() const {
 }
 
 const uint32_t* Canvas::Data() const {
-  return impl_->pixels;
+  return impl_->Row(0);
 }
+size_t Canvas::ImageBytes() const {
+  return impl_->surface ? size_t(impl_->stride) * 4 * size_t(impl_->height) : 0;
+}
+
 int32_t Canvas::Stride() const {
+  impl_->Row(0);
   return impl_->stride * 4;
 }
 

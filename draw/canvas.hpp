@@ -108,6 +108,9 @@ public:
   static constexpr int32_t MaxSize = 32767;
   int32_t Width() const;
   int32_t Height() const;
+  // Fills the whole image with one colour; an image not drawn on yet is only made in it
+  // when it is first used.
+  void Clear(COLORREF color);
 
   HDC Handle() const { return reinterpret_cast<HDC>(this); }
   static Canvas* FromHandle(HDC hdc) { return reinterpret_cast<Canvas*>(hdc); }
@@ -160,6 +163,7 @@ public:
   std::vector<uint8_t> PngBytes() const;
   const uint32_t* Data() const; // ARGB32 rows
   int32_t Stride() const;       // bytes per row
+  size_t ImageBytes() const;    // the memory its pixels take; 0 until they are first used
 
 private:
   struct Impl;

@@ -30,11 +30,14 @@ struct Pen {
 };
 
 struct Canvas::Impl {
-  cairo_surface_t* surface = nullptr;
-  uint32_t* pixels = nullptr;
-  int32_t width = 0;
-  int32_t height = 0;
-  int32_t stride = 0; // in pixels
+  // The image is made, white, on first use: a hidden window's canvas may never be drawn.
+  // Making it is no change the owner sees, hence mutable.
+  mutable cairo_surface_t* surface = nullptr;
+  mutable uint32_t* pixels = nullptr;
+  mutable int32_t width = 0;
+  mutable int32_t height = 0;
+  mutable int32_t stride = 0;        // in pixels
+  uint32_t freshPixel = 0xFFFFFFFFu; // what a new image is filled with
 
   // A fresh drawing context: black text on white, opaque, black pen, white brush.
   COLORREF textColor = 0;
@@ -49,7 +52,14 @@ struct Canvas::Impl {
   int dotPhase = 0; // where a dotted pen is in its on/off pattern
 
   bool Inside(int32_t x, int32_t y) const { return x >= 0 && y >= 0 && x < width && y < height; }
-  uint32_t* Row(int32_t y) const { return pixels + static_cast<ptrdiff_t>(y) * stride; }
+  // Makes the image if it is not there yet; raises 7, leaving the canvas 0 x 0, when memory
+  // runs out.
+  void MakeImage() const;
+  uint32_t* Row(int32_t y) const {
+    if (!surface)
+      MakeImage();
+    return pixels + static_cast<ptrdiff_t>(y) * stride;
+  }
   void Put(int32_t x, int32_t y, uint32_t pixel) {
     if (Inside(x, y)) {
       Row(y)[x] = pixel;

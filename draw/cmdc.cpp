@@ -223,7 +223,7 @@ void cMDC::Resize(int32_t width, int32_t height) {
   height_ = height;
   // An untranslatable back colour leaves the new image white.
   if (backColor_ != -1) {
-    canvas_->FillRect({0, 0, width, height}, static_cast<COLORREF>(backColor_));
+    canvas_->Clear(static_cast<COLORREF>(backColor_));
   }
 }
 

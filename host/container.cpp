@@ -135,10 +135,12 @@ Control& Container::Add(std::unique_ptr<Control> control, const std::string& nam
                         int32_t top, int32_t width, int32_t height) {
   if (!control || name.empty() || FindEntry(name))
     RaiseRuntimeError(rtInvalidProcedureCall);
+  PaintBatch batch; // placed, initialised and shown, then painted once
   entries_.push_back(Place(std::move(control), name, {left, top, left + width, top + height}));
   Control& added = *entries_.back().control;
   added.InitProperties();
   added.SetVisible(true);
+  added.Refresh();
   return added;
 }
 
@@ -223,6 +225,7 @@ void Container::LoadFromText(const std::string& text, const std::string& fileNam
   std::vector<ControlRecord> records = ReadFormText(text, fileName);
 
   // Everything is built aside; the form changes only once the whole file has loaded.
+  PaintBatch batch;
   std::vector<Entry> loaded;
   for (ControlRecord& record : records) {
     for (const Entry& entry : loaded)
@@ -251,8 +254,10 @@ void Container::LoadFromText(const std::string& text, const std::string& fileNam
     }
   }
   entries_.swap(loaded);
-  for (Entry& entry : entries_)
+  for (Entry& entry : entries_) {
     entry.control->SetVisible(true);
+    entry.control->Refresh();
+  }
 }
 
 // Only a regular file of at most MaxFormFileBytes is read: a device or a pipe could give

@@ -127,7 +127,7 @@ PendingPaints& Pending() {
 
 } // namespace
 
-PaintBatch::PaintBatch() {
+PaintBatch::PaintBatch(bool paintAtEnd) : paintAtEnd_(paintAtEnd) {
   ++Pending().depth;
 }
 
@@ -135,10 +135,12 @@ PaintBatch::~PaintBatch() {
   PendingPaints& pending = Pending();
   if (--pending.depth > 0)
     return;
+  std::vector<HWND> windows = std::exchange(pending.windows, {});
   Platform& platform = Platform::Current();
-  for (HWND hwnd : std::exchange(pending.windows, {}))
-    if (!platform.Dispatching())
-      platform.UpdateWindow(hwnd); // nothing for a window gone or already painted
+  if (!paintAtEnd_ || platform.Dispatching())
+    return; // the windows stay invalid
+  for (HWND hwnd : windows)
+    platform.UpdateWindow(hwnd); // nothing for a window gone or already painted
 }
 
 // While a person's action or a timer is handled, the control is painted once, when the

@@ -18,10 +18,15 @@ enum ShiftConstants : int16_t { vbShiftMask = 1, vbCtrlMask = 2, vbAltMask = 4 }
 // outermost batch ends (a setter that repaints in several steps).
 class PaintBatch {
 public:
-  PaintBatch();
+  // A control's constructor passes false: what it invalidates waits for its container, or
+  // for the queue to run dry, and is not painted at a size it is about to leave.
+  explicit PaintBatch(bool paintAtEnd = true);
   ~PaintBatch();
   PaintBatch(const PaintBatch&) = delete;
   PaintBatch& operator=(const PaintBatch&) = delete;
+
+private:
+  bool paintAtEnd_;
 };
 
 // The base of every control: its window, its site, its off-screen surface, and the routing

@@ -27,6 +27,7 @@ bool IsZeroLength(const Variant& value) {
 } // namespace
 
 DatePicker::DatePicker(HWND parent) : Control(parent) {
+  PaintBatch batch(false); // painted by its container, once placed
   calendar_ = std::make_unique<MonthCalendar>(hWnd());
   calendar_->SetVisible(false);
   calendar_->Connect(this);
