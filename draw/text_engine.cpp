@@ -11,6 +11,8 @@ namespace tarnbrook {
 namespace {
 
 constexpr size_t CacheLimit = 2048;
+// Masks of text in huge fonts are large: the cache is bounded by its bytes as well.
+constexpr size_t CacheByteLimit = size_t(64) << 20;
 constexpr const char* FallbackFamily = "DejaVu Sans";
 
 std::string Lower(std::string_view text) {
@@ -169,10 +171,13 @@ const ShapedText& TextEngine::Shape(const FontSpec& font, std::string_view text,
   if (found != shaped_.end()) {
     return found->second;
   }
-  if (shaped_.size() >= CacheLimit) {
+  ShapedText shaped = Rasterise(font, text, flags, wrapWidth);
+  if (shaped_.size() >= CacheLimit || cachedBytes_ + shaped.coverage.size() > CacheByteLimit) {
     shaped_.clear();
+    cachedBytes_ = 0;
   }
-  return shaped_.emplace(std::move(key), Rasterise(font, text, flags, wrapWidth)).first->second;
+  cachedBytes_ += shaped.coverage.size();
+  return shaped_.emplace(std::move(key), std::move(shaped)).first->second;
 }
 
 ShapedText TextEngine::Rasterise(const FontSpec& font, std::string_view text, uint32_t flags,

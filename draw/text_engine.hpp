@@ -53,6 +53,7 @@ private:
   FontSpec describedFont_;
   std::unordered_map<std::string, std::string> families_; // face name -> installed family
   std::unordered_map<std::string, ShapedText> shaped_;
+  size_t cachedBytes_ = 0; // of the shaped texts' masks
 };
 
 } // namespace tarnbrook
