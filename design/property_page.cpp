@@ -167,15 +167,6 @@ namespace {
 constexpr int32_t Margin = 8;
 constexpr int32_t ButtonGap = 6;
 
-HWND FormOf(HWND hwnd) {
-  Platform& platform = Platform::Current();
-  if (!hwnd || !platform.IsWindow(hwnd))
-    return 0;
-  while (HWND parent = platform.GetParent(hwnd))
-    hwnd = parent;
-  return hwnd;
-}
-
 } // namespace
 
 PropertySheet::PropertySheet(const std::vector<Control*>& selection, HWND owner) {

@@ -46,15 +46,6 @@ LRESULT FrameProc(HWND hwnd, UINT msg, WPARAM, LPARAM) {
   return 0;
 }
 
-HWND FormOf(HWND hwnd) {
-  Platform& platform = Platform::Current();
-  if (!hwnd || !platform.IsWindow(hwnd))
-    return 0;
-  while (HWND parent = platform.GetParent(hwnd))
-    hwnd = parent;
-  return hwnd;
-}
-
 } // namespace
 
 AboutBox::AboutBox(HWND parent, std::string className)

@@ -127,6 +127,15 @@ PendingPaints& Pending() {
 
 } // namespace
 
+HWND FormOf(HWND hwnd) {
+  Platform& platform = Platform::Current();
+  if (!hwnd || !platform.IsWindow(hwnd))
+    return 0;
+  while (HWND parent = platform.GetParent(hwnd))
+    hwnd = parent;
+  return hwnd;
+}
+
 PaintBatch::PaintBatch(bool paintAtEnd) : paintAtEnd_(paintAtEnd) {
   ++Pending().depth;
 }

@@ -14,6 +14,10 @@ namespace tarnbrook {
 enum MouseButtonConstants : int16_t { vbLeftButton = 1, vbRightButton = 2, vbMiddleButton = 4 };
 enum ShiftConstants : int16_t { vbShiftMask = 1, vbCtrlMask = 2, vbAltMask = 4 };
 
+// The top-level window (the form) that holds `hwnd`, itself when it has no parent; 0 for a
+// window that does not exist.
+HWND FormOf(HWND hwnd);
+
 // While one lives, the controls a program's call invalidates are painted once, when the
 // outermost batch ends (a setter that repaints in several steps).
 class PaintBatch {

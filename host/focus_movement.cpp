@@ -26,12 +26,6 @@ Registry& Controls() {
   return registry;
 }
 
-HWND FormOf(Platform& platform, HWND hwnd) {
-  while (HWND parent = platform.GetParent(hwnd))
-    hwnd = parent;
-  return hwnd;
-}
-
 // Shown and enabled, itself and every window above it short of the form.
 bool Reachable(Platform& platform, HWND hwnd, HWND form) {
   for (; hwnd && hwnd != form; hwnd = platform.GetParent(hwnd)) {
@@ -65,10 +59,8 @@ Control* Control::FromHandle(HWND hwnd) {
 // Whether the focus may come here from `focused`: the control there validates first when
 // both stand on one form and this control causes validation.
 bool Control::MayTakeFocusFrom(HWND focused) {
-  Platform& platform = Platform::Current();
   Control* leaving = FromHandle(focused);
-  if (!leaving || leaving == this || !causesValidation_ ||
-      FormOf(platform, focused) != FormOf(platform, hwnd_))
+  if (!leaving || leaving == this || !causesValidation_ || FormOf(focused) != FormOf(hwnd_))
     return true;
   bool cancel = false;
   leaving->OnValidate(cancel);
@@ -86,7 +78,7 @@ LRESULT Control::MouseActivate() {
 // list of creation numbers of the controls from the form down to it.
 void Control::MoveFocusByTab(bool forward) {
   Platform& platform = Platform::Current();
-  HWND form = FormOf(platform, hwnd_);
+  HWND form = FormOf(hwnd_);
   struct Stop {
     std::vector<uint64_t> place;
     Control* control;
@@ -96,7 +88,7 @@ void Control::MoveFocusByTab(bool forward) {
     if (control != this &&
         !(control->Focusable() && control->tabStop_ && Reachable(platform, hwnd, form)))
       continue;
-    if (FormOf(platform, hwnd) != form)
+    if (FormOf(hwnd) != form)
       continue;
     Stop stop{{}, control};
     for (HWND up = hwnd; up && up != form; up = platform.GetParent(up))
