@@ -37,8 +37,11 @@ std::string TypeOf(MemberType type, const std::string& enumName) {
 
 // A default as IDL writes it: strings quoted, numbers as they are.
 std::string Literal(const Variant& value) {
-  if (value.VarType() == vbString)
-    return "\"" + value.ToString() + "\"";
+  if (value.VarType() == vbString) {
+    std::string quoted = "\"";
+    quoted += value.ToString();
+    return quoted += '"';
+  }
   if (value.VarType() == vbBoolean)
     return value.ToBoolean() ? "True" : "False";
   return value.ToString();

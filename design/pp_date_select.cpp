@@ -8,7 +8,6 @@
 #include "design/property_page_support.hpp"
 #include "host/check_box.hpp"
 #include "host/text_box.hpp"
-#include <optional>
 
 namespace tarnbrook {
 namespace {
@@ -49,20 +48,19 @@ public:
     loading_ = true;
     for (int32_t i = 0; i < Rows; ++i) {
       Row& row = rows_[static_cast<size_t>(i)];
-      std::optional<bool> visible;
+      // Checked or unchecked while every target agrees, grey once two differ.
+      CheckBoxConstants state = vbUnchecked;
       for (size_t t = 0; t < targets.size(); ++t) {
-        bool v = (targets[t].Get("VisibleOptions").ToLong() & (1 << i)) != 0;
-        if (t == 0)
-          visible = v;
-        else if (visible && *visible != v)
-          visible.reset();
+        CheckBoxConstants shown =
+            (targets[t].Get("VisibleOptions").ToLong() & (1 << i)) ? vbChecked : vbUnchecked;
+        state = t == 0 || state == shown ? shown : vbGrayed;
       }
       if (!targets.empty())
         row.visible->SetCaption(
             Dispatch(targets.front().Get("Options", {Variant(i)}).ToObject(), "CdtsOption")
                 .Get("Text")
                 .ToString());
-      row.visible->SetValue(!visible ? vbGrayed : *visible ? vbChecked : vbUnchecked);
+      row.visible->SetValue(state);
       row.dirty = false;
     }
     loading_ = false;
