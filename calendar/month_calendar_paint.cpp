@@ -1,10 +1,12 @@
 // The calendar's picture: buttons, fixed size, and the whole paint in one pass.
 #include <charconv>
+#include <optional>
 
 #include "calendar/month_calendar.hpp"
 #include "calendar/month_calendar_defaults.hpp"
 #include "calendar/month_calendar_layout.hpp"
 #include "common/date_format.hpp"
+#include "common/date_value.hpp"
 #include "common/locale.hpp"
 #include "common/text.hpp"
 
@@ -45,6 +47,17 @@ void PaintWeekdayNames(cMDC& surface, int32_t firstDay, OleColor color) {
     Rect cell{left, layout::WeekdayTop, left + layout::CellWidth, layout::WeekdayBottom};
     DrawTextIn(surface, Utf8Left(locale.WeekdayName(weekday, true), 2), cell, color);
   }
+}
+
+CivilDate NextDay(CivilDate date) {
+  if (++date.Day > DaysInMonth(date.Year, date.Month)) {
+    date.Day = 1;
+    if (++date.Month > 12) {
+      date.Month = 1;
+      ++date.Year;
+    }
+  }
+  return date;
 }
 
 } // namespace
@@ -134,10 +147,12 @@ void MonthCalendar::PaintDayCells() {
   bool bold = font_.Bold;
   SelectFont(surface, font_, false);
   const DateValue firstDate = DateSerial(month_calendar_defaults::FirstYear, 1, 1);
+  std::optional<CivilDate> civil; // of the cell's date, stepped from cell to cell
   for (int32_t i = 0; i < layout::Cells; ++i) {
     DateValue date = gridStart_ + i;
     if (date < firstDate)
       continue; // the week before January 100 has no dates: its cells stay empty
+    civil = civil ? NextDay(*civil) : CivilFromDays(static_cast<long>(date));
     int32_t left = layout::GridRect.left + layout::CellWidth * (i % layout::Columns);
     int32_t top = layout::GridRect.top + layout::CellHeight * (i / layout::Columns);
     Rect cell{left, top, left + layout::CellWidth, top + layout::CellHeight};
@@ -149,7 +164,7 @@ void MonthCalendar::PaintDayCells() {
       color = vbTitleBarText;
     } else if (date != today) {
       forceBold = false;
-      color = Month(date) == displayedMonth ? activeMonthColor_ : inactiveMonthColor_;
+      color = civil->Month == displayedMonth ? activeMonthColor_ : inactiveMonthColor_;
     }
     // Reselecting only on a change draws the same as selecting for every cell.
     if ((font_.Bold || forceBold) != bold) {
@@ -157,7 +172,7 @@ void MonthCalendar::PaintDayCells() {
       bold = font_.Bold || forceBold;
     }
     char digits[4];
-    auto end = std::to_chars(digits, digits + sizeof digits, Day(date)).ptr;
+    auto end = std::to_chars(digits, digits + sizeof digits, civil->Day).ptr;
     DrawTextIn(surface, std::string_view(digits, end - digits), cell, color);
   }
   surface.SetForeColor(headerForeColor_);

@@ -69,10 +69,15 @@ struct Canvas::Impl {
   void Fill(Rect r, uint32_t pixel);
   // Plots one pixel of the current pen (its width spread around the point).
   void PlotPen(int32_t x, int32_t y);
+  // Draws a level or upright line of a solid pen, the end point excluded.
+  void PenRun(Point from, Point to);
   // Draws the pen's line from one point to another, the end point excluded.
   void PenLine(Point from, Point to);
-  // Paints a shape given as a mask over `rect`: the pen draws its rim, the brush its inside.
-  void PaintShape(const Rect& rect, const std::vector<bool>& inside);
+  // The width of a shape's rim in the current pen.
+  int32_t ShapePenWidth() const;
+  // Paints a shape given by how deep each pixel over `rect` lies in it (0 outside, 1 on the
+  // rim): the pen draws its rim, the brush its inside.
+  void PaintShape(const Rect& rect, const std::vector<int32_t>& depth);
   // Lays a text's coverage over the image in one colour, within `clip`.
   void Blend(const ShapedText& shaped, int32_t x, int32_t y, Rect clip, COLORREF color);
 };

@@ -4,6 +4,7 @@
 #include <cctype>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 #include <pango/pangocairo.h>
 
 namespace tarnbrook {
@@ -14,6 +15,7 @@ constexpr size_t CacheLimit = 2048;
 // Masks of text in huge fonts are large: the cache is bounded by its bytes as well.
 constexpr size_t CacheByteLimit = size_t(64) << 20;
 constexpr const char* FallbackFamily = "DejaVu Sans";
+constexpr size_t FamilyLimit = 256;
 
 std::string Lower(std::string_view text) {
   std::string lower(text);
@@ -74,16 +76,56 @@ DisplayText Display(std::string_view source, uint32_t flags) {
   return shown;
 }
 
-std::string CacheKey(const FontSpec& font, std::string_view text, uint32_t flags,
-                     int32_t wrapWidth) {
-  std::string key = font.FaceName;
+void MakeCacheKey(std::string& key, const FontSpec& font, std::string_view text, uint32_t flags,
+                  int32_t wrapWidth) {
+  key = font.FaceName;
   key += '\0';
   for (int32_t n : {font.Height, font.Weight, font.Escapement, static_cast<int32_t>(flags),
                     wrapWidth, font.Italic | font.Underline << 1 | font.StrikeOut << 2}) {
     key.append(reinterpret_cast<const char*>(&n), sizeof n);
   }
   key += text;
-  return key;
+}
+
+// Cuts the mask down to the rows and columns that have ink, so that drawing walks no blank.
+// Masks of huge text are large: blank rows are found with memcmp, and each row is searched
+// only outside the columns already known to have ink.
+void TrimToInk(ShapedText& shaped) {
+  const int32_t width = shaped.maskWidth;
+  auto row = [&](int32_t y) { return shaped.coverage.data() + static_cast<ptrdiff_t>(y) * width; };
+  auto blank = [&](int32_t y) { return !row(y)[0] && !std::memcmp(row(y), row(y) + 1, width - 1); };
+  int32_t top = 0, bottom = shaped.maskHeight;
+  while (top < bottom && blank(top))
+    ++top;
+  while (bottom > top && blank(bottom - 1))
+    --bottom;
+  if (top == bottom) {
+    shaped.maskWidth = shaped.maskHeight = 0;
+    shaped.coverage.clear();
+    return;
+  }
+  int32_t left = width, right = 0;
+  for (int32_t y = top; y < bottom; ++y) {
+    const uint8_t* ink = row(y);
+    int32_t x = 0;
+    while (x < left && !ink[x])
+      ++x;
+    left = x;
+    x = width;
+    while (x > right && !ink[x - 1])
+      --x;
+    right = x;
+  }
+  std::vector<uint8_t> ink(static_cast<size_t>(right - left) * (bottom - top));
+  for (int32_t y = top; y < bottom; ++y) {
+    std::copy_n(row(y) + left, right - left,
+                ink.begin() + static_cast<ptrdiff_t>(y - top) * (right - left));
+  }
+  shaped.coverage = std::move(ink);
+  shaped.maskX += left;
+  shaped.maskY += top;
+  shaped.maskWidth = right - left;
+  shaped.maskHeight = bottom - top;
 }
 
 } // namespace
@@ -135,6 +177,8 @@ const std::string& TextEngine::Family(const std::string& face) {
     }
   }
   g_free(list);
+  if (families_.size() >= FamilyLimit)
+    families_.clear(); // names from files can be anything: the map stays small
   return families_.emplace(face, family).first->second;
 }
 
@@ -166,8 +210,8 @@ const ShapedText& TextEngine::Shape(const FontSpec& font, std::string_view text,
   if (!(flags & DT_WORDBREAK) || flags & DT_SINGLELINE) {
     wrapWidth = -1;
   }
-  std::string key = CacheKey(font, text, flags, wrapWidth);
-  auto found = shaped_.find(key);
+  MakeCacheKey(key_, font, text, flags, wrapWidth);
+  auto found = shaped_.find(key_);
   if (found != shaped_.end()) {
     return found->second;
   }
@@ -177,7 +221,7 @@ const ShapedText& TextEngine::Shape(const FontSpec& font, std::string_view text,
     cachedBytes_ = 0;
   }
   cachedBytes_ += shaped.coverage.size();
-  return shaped_.emplace(std::move(key), std::move(shaped)).first->second;
+  return shaped_.emplace(key_, std::move(shaped)).first->second;
 }
 
 ShapedText TextEngine::Rasterise(const FontSpec& font, std::string_view text, uint32_t flags,
@@ -273,6 +317,7 @@ ShapedText TextEngine::Rasterise(const FontSpec& font, std::string_view text, ui
                 shaped.coverage.begin() + static_cast<ptrdiff_t>(y) * shaped.maskWidth);
   }
   cairo_surface_destroy(mask);
+  TrimToInk(shaped);
   return shaped;
 }
 

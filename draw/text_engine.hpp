@@ -15,7 +15,7 @@ typedef struct _PangoFontDescription PangoFontDescription;
 
 namespace tarnbrook {
 
-// One piece of text as coverage values over its ink and logical box.
+// One piece of text: its logical size, and coverage values over its ink.
 struct ShapedText {
   int32_t width = 0; // logical size: the advance and the line height(s)
   int32_t height = 0;
@@ -53,6 +53,7 @@ private:
   FontSpec describedFont_;
   std::unordered_map<std::string, std::string> families_; // face name -> installed family
   std::unordered_map<std::string, ShapedText> shaped_;
+  std::string key_;        // the key being looked up, its buffer reused
   size_t cachedBytes_ = 0; // of the shaped texts' masks
 };
 

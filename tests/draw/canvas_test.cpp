@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <memory>
+
 #include "draw/canvas.hpp"
 
 namespace tarnbrook {
@@ -98,6 +101,27 @@ TEST(CanvasLines, DottedPenAlternatesPixels) {
   }
 }
 
+// Level and upright lines of a wide pen are the squares it would plot along them.
+TEST(CanvasLines, WidePenCoversItsSquaresAlongLevelAndUprightLines) {
+  auto inked = [](Point from, Point to) {
+    Canvas canvas(30, 30);
+    canvas.SelectPen(PS_SOLID, 3, Red);
+    canvas.MoveTo(from.x, from.y);
+    canvas.LineTo(to.x, to.y);
+    Rect box{30, 30, 0, 0};
+    for (int32_t y = 0; y < 30; ++y)
+      for (int32_t x = 0; x < 30; ++x)
+        if (canvas.GetPixel(x, y) == Red)
+          box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x + 1),
+                 std::max(box.bottom, y + 1)};
+    return box;
+  };
+  EXPECT_EQ(inked({5, 10}, {12, 10}), (Rect{4, 9, 13, 12}));   // squares at x = 5..11
+  EXPECT_EQ(inked({12, 10}, {5, 10}), (Rect{5, 9, 14, 12}));   // x = 12..6
+  EXPECT_EQ(inked({10, 20}, {10, 14}), (Rect{9, 14, 12, 22})); // y = 20..15
+  EXPECT_EQ(inked({10, 10}, {10, 10}), (Rect{30, 30, 0, 0}));  // no line at all
+}
+
 TEST(CanvasShapes, EllipseAndRectangleFillLeftTopToRightBottomMinusOne) {
   Canvas canvas(30, 30);
   canvas.SelectPen(PS_SOLID, 1, Red);
@@ -113,6 +137,25 @@ TEST(CanvasShapes, EllipseAndRectangleFillLeftTopToRightBottomMinusOne) {
   EXPECT_EQ(canvas.GetPixel(25, 15), Red);  // right rim, at right - 1
   EXPECT_EQ(canvas.GetPixel(26, 15), White);
   EXPECT_EQ(canvas.GetPixel(10, 10), White); // corners stay clear
+}
+
+// One ellipse drawn after others of other sizes and pens is the same as drawn alone.
+TEST(CanvasShapes, EllipseDoesNotDependOnTheEllipsesBeforeIt) {
+  auto draw = [](Canvas& canvas, int32_t penWidth, const Rect& rect) {
+    canvas.SelectPen(PS_SOLID, penWidth, Red);
+    canvas.SelectBrush(Blue);
+    canvas.Ellipse(rect);
+  };
+  Canvas alone(40, 40);
+  draw(alone, 2, {3, 3, 30, 21});
+  Canvas after(40, 40);
+  draw(after, 2, {3, 3, 25, 21});
+  draw(after, 1, {3, 3, 30, 21});
+  after.FillRect({0, 0, 40, 40}, White);
+  draw(after, 2, {3, 3, 30, 21});
+  for (int32_t y = 0; y < 40; ++y)
+    for (int32_t x = 0; x < 40; ++x)
+      ASSERT_EQ(after.GetPixel(x, y), alone.GetPixel(x, y)) << x << "," << y;
 }
 
 TEST(CanvasEdges, RaisedAndSunkenRingsInTheClassicColours) {
@@ -218,6 +261,44 @@ TEST(CanvasText, PrefixUnderlinesTheMnemonicAndDoubleAmpersandIsOne) {
   EXPECT_EQ(prefixed, plain);
   canvas.DrawText("&Today", &prefixed, DT_CALCRECT | DT_SINGLELINE | DT_NOPREFIX);
   EXPECT_GT(prefixed.right, plain.right);
+}
+
+// Text drawn black on white shows its coverage; drawn in a colour over another, each channel
+// is ink x coverage + background x (255 - coverage), over 255, rounded to nearest. Cut at any
+// column on the left, the rest of it is the same.
+TEST(CanvasText, TextIsItsInkMixedOverTheBackgroundByItsCoverage) {
+  auto draw = [](COLORREF under, COLORREF ink, int32_t left) {
+    auto canvas = std::make_unique<Canvas>(120, 30);
+    canvas->FillRect({0, 0, 120, 30}, under);
+    canvas->SetBkMode(TRANSPARENT);
+    canvas->SetTextColor(ink);
+    canvas->DrawText("Wednesday 2026", Rect{left, 0, 120, 30}, DT_RIGHT | DT_SINGLELINE);
+    return canvas;
+  };
+  const COLORREF under = 0x82DC0A, ink = 0x5A28C8; // channels 10/220/130 and 200/40/90
+  auto coverage = draw(White, Black, 0);
+  auto coloured = draw(under, ink, 0);
+  int partial = 0;
+  for (int32_t y = 0; y < 30; ++y) {
+    for (int32_t x = 0; x < 120; ++x) {
+      uint32_t a = 255 - (coverage->GetPixel(x, y) & 0xFF);
+      partial += a != 0 && a != 255;
+      for (int shift : {0, 8, 16}) {
+        uint32_t o = ink >> shift & 0xFF, u = under >> shift & 0xFF;
+        ASSERT_EQ(coloured->GetPixel(x, y) >> shift & 0xFF, (o * a + u * (255 - a) + 127) / 255)
+            << x << "," << y << " channel " << shift / 8;
+      }
+    }
+  }
+  EXPECT_GT(partial, 20);
+  Size extent = coloured->GetTextExtent("Wednesday 2026");
+  for (int32_t cut = 1; cut <= 4; ++cut) {
+    int32_t left = 120 - extent.cx + cut;
+    auto clipped = draw(under, ink, left);
+    for (int32_t y = 0; y < 30; ++y)
+      for (int32_t x = left; x < 120; ++x)
+        ASSERT_EQ(clipped->GetPixel(x, y), coloured->GetPixel(x, y)) << x << "," << y;
+  }
 }
 
 } // namespace
