@@ -161,9 +161,7 @@ int32_t Canvas::DrawText(std::string_view text, Rect* rect, uint32_t flags) {
 }
 
 Size Canvas::GetTextExtent(std::string_view text) {
-  const ShapedText& shaped =
-      TextEngine::ForThisThread().Shape(impl_->font, text, DT_SINGLELINE | DT_NOPREFIX, -1);
-  return {shaped.width, shaped.height};
+  return TextEngine::ForThisThread().Measure(impl_->font, text, DT_SINGLELINE | DT_NOPREFIX);
 }
 
 } // namespace tarnbrook

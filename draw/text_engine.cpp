@@ -89,7 +89,7 @@ void MakeCacheKey(std::string& key, const FontSpec& font, std::string_view text,
 
 // Cuts the mask down to the rows and columns that have ink, so that drawing walks no blank.
 // Masks of huge text are large: blank rows are found with memcmp, and each row is searched
-// only outside the columns already known to have ink.
+// a word at a time, only outside the columns already known to have ink.
 void TrimToInk(ShapedText& shaped) {
   const int32_t width = shaped.maskWidth;
   auto row = [&](int32_t y) { return shaped.coverage.data() + static_cast<ptrdiff_t>(y) * width; };
@@ -107,11 +107,20 @@ void TrimToInk(ShapedText& shaped) {
   int32_t left = width, right = 0;
   for (int32_t y = top; y < bottom; ++y) {
     const uint8_t* ink = row(y);
+    auto blankWord = [ink](int32_t x) {
+      uint64_t word;
+      std::memcpy(&word, ink + x, sizeof word);
+      return word == 0;
+    };
     int32_t x = 0;
+    while (x + 8 <= left && blankWord(x))
+      x += 8;
     while (x < left && !ink[x])
       ++x;
     left = x;
     x = width;
+    while (x - 8 >= right && blankWord(x - 8))
+      x -= 8;
     while (x > right && !ink[x - 1])
       --x;
     right = x;
@@ -224,8 +233,9 @@ const ShapedText& TextEngine::Shape(const FontSpec& font, std::string_view text,
   return shaped_.emplace(key_, std::move(shaped)).first->second;
 }
 
-ShapedText TextEngine::Rasterise(const FontSpec& font, std::string_view text, uint32_t flags,
-                                 int32_t wrapWidth) {
+// Sets the reused layout to the text as shown in that font; false for no text.
+bool TextEngine::Lay(const FontSpec& font, std::string_view text, uint32_t flags,
+                     int32_t wrapWidth) {
   DisplayText shown = Display(ValidUtf8(text), flags);
   SetFont(font);
   pango_layout_set_font_description(layout_, description_);
@@ -251,7 +261,27 @@ ShapedText TextEngine::Rasterise(const FontSpec& font, std::string_view text, ui
   }
   pango_layout_set_attributes(layout_, attributes);
   pango_attr_list_unref(attributes);
+  return !shown.text.empty();
+}
 
+Size TextEngine::Measure(const FontSpec& font, std::string_view text, uint32_t flags) {
+  flags &= ShapingFlags;
+  MakeCacheKey(key_, font, text, flags, -1);
+  if (auto shaped = shaped_.find(key_); shaped != shaped_.end())
+    return {shaped->second.width, shaped->second.height};
+  if (auto measured = measured_.find(key_); measured != measured_.end())
+    return measured->second;
+  Lay(font, text, flags, -1);
+  PangoRectangle logical;
+  pango_layout_get_pixel_extents(layout_, nullptr, &logical);
+  if (measured_.size() >= CacheLimit)
+    measured_.clear();
+  return measured_.emplace(key_, Size{logical.width, logical.height}).first->second;
+}
+
+ShapedText TextEngine::Rasterise(const FontSpec& font, std::string_view text, uint32_t flags,
+                                 int32_t wrapWidth) {
+  bool someText = Lay(font, text, flags, wrapWidth);
   PangoRectangle ink;
   PangoRectangle logical;
   pango_layout_get_pixel_extents(layout_, &ink, &logical);
@@ -285,7 +315,7 @@ ShapedText TextEngine::Rasterise(const FontSpec& font, std::string_view text, ui
   shaped.maskY = static_cast<int32_t>(std::floor(minY));
   shaped.maskWidth = static_cast<int32_t>(std::ceil(maxX)) - shaped.maskX;
   shaped.maskHeight = static_cast<int32_t>(std::ceil(maxY)) - shaped.maskY;
-  if (shaped.maskWidth <= 0 || shaped.maskHeight <= 0 || shown.text.empty()) {
+  if (shaped.maskWidth <= 0 || shaped.maskHeight <= 0 || !someText) {
     shaped.maskWidth = shaped.maskHeight = 0;
     return shaped;
   }

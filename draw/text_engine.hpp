@@ -38,10 +38,14 @@ public:
   const ShapedText& Shape(const FontSpec& font, std::string_view text, uint32_t flags,
                           int32_t wrapWidth);
 
+  // The logical size alone, unwrapped: no pixels are made for it.
+  Size Measure(const FontSpec& font, std::string_view text, uint32_t flags);
+
   ~TextEngine();
 
 private:
   TextEngine();
+  bool Lay(const FontSpec& font, std::string_view text, uint32_t flags, int32_t wrapWidth);
   ShapedText Rasterise(const FontSpec& font, std::string_view text, uint32_t flags,
                        int32_t wrapWidth);
   void SetFont(const FontSpec& font);
@@ -53,8 +57,9 @@ private:
   FontSpec describedFont_;
   std::unordered_map<std::string, std::string> families_; // face name -> installed family
   std::unordered_map<std::string, ShapedText> shaped_;
-  std::string key_;        // the key being looked up, its buffer reused
-  size_t cachedBytes_ = 0; // of the shaped texts' masks
+  std::unordered_map<std::string, Size> measured_; // texts measured but not drawn
+  std::string key_;                                // the key being looked up, its buffer reused
+  size_t cachedBytes_ = 0;                         // of the shaped texts' masks
 };
 
 } // namespace tarnbrook
