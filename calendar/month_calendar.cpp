@@ -130,10 +130,14 @@ void MonthCalendar::SetMaxDate(DateValue value) {
   PropertyChanged("MaxDate");
 }
 
-void MonthCalendar::SetFirstDayofWeek(int32_t firstDay) {
+int32_t CheckedFirstDayOfWeek(int32_t firstDay) {
   if (firstDay < vbUseSystemDayOfWeek || firstDay > vbSaturday)
     RaiseRuntimeError(rtInvalidProcedureCall);
-  firstDayofWeek_ = firstDay;
+  return firstDay;
+}
+
+void MonthCalendar::SetFirstDayofWeek(int32_t firstDay) {
+  firstDayofWeek_ = CheckedFirstDayOfWeek(firstDay);
   Paint();
   PropertyChanged("FirstDayOfWeek");
 }

@@ -74,6 +74,10 @@ enum MonthCalendarEventId {
   mvwEventAfterClosedUp = 9,
 };
 
+// A first day of the week the calendar can show: 0 (the system's) to 7 (Saturday); raises 5
+// for any other.
+int32_t CheckedFirstDayOfWeek(int32_t firstDay);
+
 // A one-month calendar: 42 day cells under a header with the month list, the year and the
 // navigation buttons, "Today" and "Empty" below. The selected date (Value) and the displayed
 // month are separate: navigation moves only the display; a day click, "Today" or an

@@ -115,11 +115,7 @@ void MonthCalendar::ReadProperties(PropertyBag& bag) {
   Tolerant([&] { headerForeColor_ = read("HeaderForeColor", vbButtonText).ToLong(); });
   Tolerant([&] {
     int32_t firstDay = read("FirstDayOfWeek", int32_t(0)).ToLong();
-    refusals.Check("FirstDayOfWeek", [&] {
-      if (firstDay < vbUseSystemDayOfWeek || firstDay > vbSaturday)
-        RaiseRuntimeError(rtInvalidProcedureCall);
-      firstDayofWeek_ = firstDay;
-    });
+    refusals.Check("FirstDayOfWeek", [&] { firstDayofWeek_ = CheckedFirstDayOfWeek(firstDay); });
   });
   Tolerant([&] { activeMonthColor_ = read("ActiveMonthColor", vbButtonText).ToLong(); });
   Tolerant([&] { inactiveMonthColor_ = read("InactiveMonthColor", vbGrayText).ToLong(); });

@@ -1,6 +1,7 @@
 // The picker's creation, its value and limits, and its plain properties.
 #include "picker/date_picker.hpp"
 
+#include "calendar/month_calendar_defaults.hpp"
 #include "common/control_error.hpp"
 #include "common/conversions.hpp"
 #include "common/date_runtime.hpp"
@@ -28,9 +29,7 @@ bool IsZeroLength(const Variant& value) {
 
 DatePicker::DatePicker(HWND parent) : Control(parent) {
   PaintBatch batch(false); // painted by its container, once placed
-  calendar_ = std::make_unique<MonthCalendar>(hWnd());
-  calendar_->SetVisible(false);
-  calendar_->Connect(this);
+  calendarSettings_.font = month_calendar_defaults::DefaultFont();
   LoadPickerPatterns();
 
   minDate_ = DateSerial(1601, 1, 1);
@@ -40,17 +39,11 @@ DatePicker::DatePicker(HWND parent) : Control(parent) {
   timer_.SetInterval(ValidateDelay);
   timer_.SetCallback([this] { TimerTick(); });
   Move(0, 0, DefaultWidth, DefaultHeight);
-
-  // Read as a loaded constituent, the calendar paints its drop-down animation in run mode.
-  // Its Change while it reads is none of the picker's business.
-  MemoryPropertyBag none;
-  settingCalendar_ = true;
-  calendar_->ReadProperties(none);
-  settingCalendar_ = false;
 }
 
 DatePicker::~DatePicker() {
-  calendar_->Disconnect(this);
+  if (calendar_)
+    calendar_->Disconnect(this);
 }
 
 // --- The value and its limits ---
@@ -108,7 +101,10 @@ void DatePicker::SetMaxDate(tarnbrook::DateValue value) {
 
 void DatePicker::SetAllowEmpty(bool allow) {
   allowEmpty_ = allow;
-  calendar_->SetEmptyButton(allow);
+  if (calendar_)
+    calendar_->SetEmptyButton(allow);
+  else
+    calendarSettings_.emptyButton = allow;
   PropertyChanged("AllowEmpty");
 }
 

@@ -177,10 +177,11 @@ public:
   void CloseUpCalendar();
   void About();
 
-  // The fields as last cut, the current one (-1 for none), and the drop-down calendar.
+  // The fields as last cut, the current one (-1 for none), and the drop-down calendar, made
+  // on first use.
   const std::vector<CDateMask>& Fields() const { return fields_; }
   int32_t CurrentField() const { return currentField_; }
-  MonthCalendar& Calendar() { return *calendar_; }
+  MonthCalendar& Calendar();
 
 protected:
   void OnPaint() override;
@@ -224,8 +225,30 @@ private:
   void AfterClosedUp() override;
   void ChooseEmpty();
 
+  // What the calendar shows, held here until the calendar is first made: most pickers never
+  // drop one down. The values are those of a calendar read from an empty bag.
+  struct CalendarSettings {
+    int32_t buttonStyle = mvwButton3D;
+    OleColor backColor = vbWindowBackground;
+    OleColor activeMonthColor = vbButtonText;
+    OleColor inactiveMonthColor = vbGrayText;
+    OleColor headerColor = vbButtonFace;
+    OleColor headerForeColor = vbButtonText;
+    OleColor presentDateColor = 255;
+    OleColor weekDayColor = vbHighlight;
+    tarnbrook::Font font; // the calendar's default, set by the constructor
+    std::shared_ptr<const Picture> backgroundImage;
+    int32_t backDrawMode = mvwBackTile;
+    bool hoverIcon = true;
+    int32_t firstDayofWeek = vbUseSystemDayOfWeek;
+    std::string todayButtonCaption = "Today";
+    std::string emptyButtonCaption = "Empty";
+    bool emptyButton = true;
+  };
+
   EventSource<DatePickerEvents> events_;
-  std::unique_ptr<MonthCalendar> calendar_;
+  CalendarSettings calendarSettings_;
+  std::unique_ptr<MonthCalendar> calendar_; // none until first needed
   std::vector<CDateMask> fields_;
   int32_t currentField_ = -1;
   std::vector<CFrame> buttons_;

@@ -1,16 +1,51 @@
 // The picker's drop-down calendar: showing and closing it, the properties passed to it, and its
 // events turned into the picker's own.
 #include "common/control_error.hpp"
+#include "common/property_bag.hpp"
 #include "picker/date_picker.hpp"
 #include "platform/platform.hpp"
 
 namespace tarnbrook {
 
+// Made as a loaded constituent, so that it paints its drop-down animation in run mode, then
+// given what the picker holds for it. Its Change meanwhile is none of the picker's business.
+MonthCalendar& DatePicker::Calendar() {
+  if (calendar_)
+    return *calendar_;
+  auto calendar = std::make_unique<MonthCalendar>(hWnd());
+  calendar->SetVisible(false);
+  settingCalendar_ = true;
+  MemoryPropertyBag none;
+  calendar->ReadProperties(none);
+  const CalendarSettings& held = calendarSettings_;
+  calendar->SetButtonStyle(held.buttonStyle);
+  calendar->SetBackColor(held.backColor);
+  calendar->SetActiveMonthColor(held.activeMonthColor);
+  calendar->SetInactiveMonthColor(held.inactiveMonthColor);
+  calendar->SetHeaderColor(held.headerColor);
+  calendar->SetHeaderForeColor(held.headerForeColor);
+  calendar->SetPresentDateColor(held.presentDateColor);
+  calendar->SetWeekDayColor(held.weekDayColor);
+  calendar->SetFont(held.font);
+  calendar->SetBackgroundImage(held.backgroundImage);
+  calendar->SetBackDrawMode(held.backDrawMode);
+  calendar->SetHoverIcon(held.hoverIcon);
+  calendar->SetFirstDayofWeek(held.firstDayofWeek);
+  calendar->SetTodayButtonCaption(held.todayButtonCaption);
+  calendar->SetEmptyButtonCaption(held.emptyButtonCaption);
+  calendar->SetEmptyButton(held.emptyButton);
+  settingCalendar_ = false;
+  calendar->Connect(this);
+  calendar_ = std::move(calendar);
+  return *calendar_;
+}
+
 bool DatePicker::IsDropped() const {
-  return calendar_->IsDropDownShown();
+  return calendar_ && calendar_->IsDropDownShown();
 }
 
 void DatePicker::DropDownCalendar() {
+  Calendar();
   settingCalendar_ = true;
   calendar_->SetValue(empty_ ? lastDate_ : value_);
   settingCalendar_ = false;
@@ -27,7 +62,8 @@ void DatePicker::DropDownCalendar() {
 }
 
 void DatePicker::CloseUpCalendar() {
-  calendar_->HideDropDown();
+  if (calendar_)
+    calendar_->HideDropDown();
 }
 
 // The calendar's events.
@@ -87,146 +123,191 @@ void DatePicker::ChooseEmpty() {
     return;
   SetValue(Variant::Null()); // reports "Value"
   events_.Raise(&DatePickerEvents::Change);
-  calendar_->HideDropDown();
+  CloseUpCalendar();
   Platform::Current().SetFocus(hWnd());
 }
 
 // The properties passed to the calendar and read back from it, each reported under its key.
 
 int32_t DatePicker::CalendarButtonStyle() const {
-  return calendar_->ButtonStyle();
+  return calendar_ ? calendar_->ButtonStyle() : calendarSettings_.buttonStyle;
 }
 
 void DatePicker::SetCalendarButtonStyle(int32_t style) {
   if (style > dtpButtonFlat)
     throw ControlError(5065, "Tarnbrook.DatePicker", "Invalid ButtonStyle!");
-  calendar_->SetButtonStyle(style);
+  if (calendar_)
+    calendar_->SetButtonStyle(style);
+  else
+    calendarSettings_.buttonStyle = style;
   PropertyChanged("CalendarButtonStyle");
 }
 
 OleColor DatePicker::CalendarBackColor() const {
-  return calendar_->BackColor();
+  return calendar_ ? calendar_->BackColor() : calendarSettings_.backColor;
 }
 
 void DatePicker::SetCalendarBackColor(OleColor color) {
-  calendar_->SetBackColor(color);
+  if (calendar_)
+    calendar_->SetBackColor(color);
+  else
+    calendarSettings_.backColor = color;
   PropertyChanged("CalendarBackColor");
 }
 
 OleColor DatePicker::CalendarActiveMonthColor() const {
-  return calendar_->ActiveMonthColor();
+  return calendar_ ? calendar_->ActiveMonthColor() : calendarSettings_.activeMonthColor;
 }
 
 void DatePicker::SetCalendarActiveMonthColor(OleColor color) {
-  calendar_->SetActiveMonthColor(color);
+  if (calendar_)
+    calendar_->SetActiveMonthColor(color);
+  else
+    calendarSettings_.activeMonthColor = color;
   PropertyChanged("CalendarActiveMonthColor");
 }
 
 OleColor DatePicker::CalendarInactiveMonthColor() const {
-  return calendar_->InactiveMonthColor();
+  return calendar_ ? calendar_->InactiveMonthColor() : calendarSettings_.inactiveMonthColor;
 }
 
 void DatePicker::SetCalendarInactiveMonthColor(OleColor color) {
-  calendar_->SetInactiveMonthColor(color);
+  if (calendar_)
+    calendar_->SetInactiveMonthColor(color);
+  else
+    calendarSettings_.inactiveMonthColor = color;
   PropertyChanged("CalendarInactiveMonthColor");
 }
 
 OleColor DatePicker::CalendarHeaderColor() const {
-  return calendar_->HeaderColor();
+  return calendar_ ? calendar_->HeaderColor() : calendarSettings_.headerColor;
 }
 
 void DatePicker::SetCalendarHeaderColor(OleColor color) {
-  calendar_->SetHeaderColor(color);
+  if (calendar_)
+    calendar_->SetHeaderColor(color);
+  else
+    calendarSettings_.headerColor = color;
   PropertyChanged("CalendarHeaderColor");
 }
 
 OleColor DatePicker::CalendarHeaderForeColor() const {
-  return calendar_->HeaderForeColor();
+  return calendar_ ? calendar_->HeaderForeColor() : calendarSettings_.headerForeColor;
 }
 
 void DatePicker::SetCalendarHeaderForeColor(OleColor color) {
-  calendar_->SetHeaderForeColor(color);
+  if (calendar_)
+    calendar_->SetHeaderForeColor(color);
+  else
+    calendarSettings_.headerForeColor = color;
   PropertyChanged("CalendarHeaderForeColor");
 }
 
 OleColor DatePicker::CalendarPresentDateColor() const {
-  return calendar_->PresentDateColor();
+  return calendar_ ? calendar_->PresentDateColor() : calendarSettings_.presentDateColor;
 }
 
 void DatePicker::SetCalendarPresentDateColor(OleColor color) {
-  calendar_->SetPresentDateColor(color);
+  if (calendar_)
+    calendar_->SetPresentDateColor(color);
+  else
+    calendarSettings_.presentDateColor = color;
   PropertyChanged("CalendarPresentDateColor");
 }
 
 OleColor DatePicker::CalendarWeekdayColor() const {
-  return calendar_->WeekDayColor();
+  return calendar_ ? calendar_->WeekDayColor() : calendarSettings_.weekDayColor;
 }
 
 void DatePicker::SetCalendarWeekdayColor(OleColor color) {
-  calendar_->SetWeekDayColor(color);
+  if (calendar_)
+    calendar_->SetWeekDayColor(color);
+  else
+    calendarSettings_.weekDayColor = color;
   PropertyChanged("CalendarWeekdayColor");
 }
 
 const tarnbrook::Font& DatePicker::CalendarFont() const {
-  return calendar_->Font();
+  return calendar_ ? calendar_->Font() : calendarSettings_.font;
 }
 
 void DatePicker::SetCalendarFont(const tarnbrook::Font& font) {
-  calendar_->SetFont(font);
+  if (calendar_)
+    calendar_->SetFont(font);
+  else
+    calendarSettings_.font = CheckedFont(font);
   PropertyChanged("CalendarFont");
 }
 
 std::shared_ptr<const Picture> DatePicker::CalendarBackground() const {
-  return calendar_->BackgroundImage();
+  return calendar_ ? calendar_->BackgroundImage() : calendarSettings_.backgroundImage;
 }
 
 void DatePicker::SetCalendarBackground(std::shared_ptr<const Picture> picture) {
-  calendar_->SetBackgroundImage(std::move(picture));
+  if (calendar_)
+    calendar_->SetBackgroundImage(std::move(picture));
+  else
+    calendarSettings_.backgroundImage = std::move(picture);
   PropertyChanged("CalendarBackground");
 }
 
 int32_t DatePicker::CalendarBackDrawMode() const {
-  return calendar_->BackDrawMode();
+  return calendar_ ? calendar_->BackDrawMode() : calendarSettings_.backDrawMode;
 }
 
 void DatePicker::SetCalendarBackDrawMode(int32_t mode) {
-  calendar_->SetBackDrawMode(mode);
+  if (calendar_)
+    calendar_->SetBackDrawMode(mode);
+  else
+    calendarSettings_.backDrawMode = mode;
   PropertyChanged("BackDrawMode");
 }
 
 bool DatePicker::CalendarHoverIcon() const {
-  return calendar_->HoverIcon();
+  return calendar_ ? calendar_->HoverIcon() : calendarSettings_.hoverIcon;
 }
 
 void DatePicker::SetCalendarHoverIcon(bool hover) {
-  calendar_->SetHoverIcon(hover);
+  if (calendar_)
+    calendar_->SetHoverIcon(hover);
+  else
+    calendarSettings_.hoverIcon = hover;
   PropertyChanged("HoverIcon");
 }
 
 int32_t DatePicker::FirstDayofWeek() const {
-  return calendar_->FirstDayofWeek();
+  return calendar_ ? calendar_->FirstDayofWeek() : calendarSettings_.firstDayofWeek;
 }
 
 void DatePicker::SetFirstDayofWeek(int32_t firstDay) {
-  calendar_->SetFirstDayofWeek(firstDay);
+  if (calendar_)
+    calendar_->SetFirstDayofWeek(firstDay);
+  else
+    calendarSettings_.firstDayofWeek = CheckedFirstDayOfWeek(firstDay);
   PropertyChanged("FirstDayofWeek");
 }
 
 const std::string& DatePicker::TodayButtonCaption() const {
-  return calendar_->TodayButtonCaption();
+  return calendar_ ? calendar_->TodayButtonCaption() : calendarSettings_.todayButtonCaption;
 }
 
 void DatePicker::SetTodayButtonCaption(const std::string& caption) {
-  calendar_->SetTodayButtonCaption(caption);
+  if (calendar_)
+    calendar_->SetTodayButtonCaption(caption);
+  else
+    calendarSettings_.todayButtonCaption = caption;
   PropertyChanged("TodayButtonCaption");
 }
 
 const std::string& DatePicker::EmptyButtonCaption() const {
-  return calendar_->EmptyButtonCaption();
+  return calendar_ ? calendar_->EmptyButtonCaption() : calendarSettings_.emptyButtonCaption;
 }
 
 void DatePicker::SetEmptyButtonCaption(const std::string& caption) {
-  calendar_->SetEmptyButtonCaption(caption);
+  if (calendar_)
+    calendar_->SetEmptyButtonCaption(caption);
+  else
+    calendarSettings_.emptyButtonCaption = caption;
   PropertyChanged("EmptyButtonCaption");
 }
 

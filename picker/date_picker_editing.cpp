@@ -74,7 +74,7 @@ void DatePicker::StepCurrent(int16_t Amount) {
   value_ = Clamp(field.Value());
   SetFieldsValue(value_);
   Redraw();
-  if (calendar_->IsDropDownShown()) {
+  if (IsDropped()) {
     settingCalendar_ = true;
     calendar_->SetValue(value_);
     settingCalendar_ = false;

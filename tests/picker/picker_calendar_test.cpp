@@ -1,5 +1,7 @@
 #include "picker_fixture.hpp"
 
+#include "common/property_bag.hpp"
+
 namespace tarnbrook {
 namespace {
 
@@ -143,6 +145,65 @@ TEST_F(PickerCalendarTest, ForwardedPropertiesReachTheCalendarUnderTheirOwnKeys)
   EXPECT_EQ(refused.Source(), "Tarnbrook.DatePicker");
   EXPECT_EQ(refused.Description(), "Invalid ButtonStyle!");
   EXPECT_EQ(picker->CalendarButtonStyle(), dtpButton3D);
+}
+
+// Until a picker first drops its calendar down it holds what a calendar read from an empty
+// bag would show, so that a form saves the same before and after.
+TEST_F(PickerTest, BeforeItsCalendarIsMadeAPickerHoldsWhatANewCalendarShows) {
+  DatePicker fresh;
+  MonthCalendar calendar;
+  MemoryPropertyBag none;
+  calendar.ReadProperties(none);
+  EXPECT_TRUE(platform.Children(fresh.hWnd()).empty());
+  EXPECT_EQ(fresh.CalendarButtonStyle(), calendar.ButtonStyle());
+  EXPECT_EQ(fresh.CalendarBackColor(), calendar.BackColor());
+  EXPECT_EQ(fresh.CalendarActiveMonthColor(), calendar.ActiveMonthColor());
+  EXPECT_EQ(fresh.CalendarInactiveMonthColor(), calendar.InactiveMonthColor());
+  EXPECT_EQ(fresh.CalendarHeaderColor(), calendar.HeaderColor());
+  EXPECT_EQ(fresh.CalendarHeaderForeColor(), calendar.HeaderForeColor());
+  EXPECT_EQ(fresh.CalendarPresentDateColor(), calendar.PresentDateColor());
+  EXPECT_EQ(fresh.CalendarWeekdayColor(), calendar.WeekDayColor());
+  EXPECT_EQ(fresh.CalendarFont(), calendar.Font());
+  EXPECT_EQ(fresh.CalendarBackground(), calendar.BackgroundImage());
+  EXPECT_EQ(fresh.CalendarBackDrawMode(), calendar.BackDrawMode());
+  EXPECT_EQ(fresh.CalendarHoverIcon(), calendar.HoverIcon());
+  EXPECT_EQ(fresh.FirstDayofWeek(), calendar.FirstDayofWeek());
+  EXPECT_EQ(fresh.TodayButtonCaption(), calendar.TodayButtonCaption());
+  EXPECT_EQ(fresh.EmptyButtonCaption(), calendar.EmptyButtonCaption());
+  EXPECT_EQ(fresh.Calendar().EmptyButton(), calendar.EmptyButton());
+}
+
+TEST_F(PickerCalendarTest, TheCalendarIsMadeOnTheFirstDropDownWithWhatThePickerHeldForIt) {
+  picker->SetFirstDayofWeek(vbMonday);
+  tarnbrook::Font bold = picker->CalendarFont();
+  bold.Bold = true;
+  picker->SetCalendarFont(bold);
+  picker->SetTodayButtonCaption("Now");
+  picker->SetCalendarBackColor(0x00FFEE);
+  picker->SetAllowEmpty(false);
+  // Refused as the calendar would refuse them, the old values kept.
+  EXPECT_EQ(RaisedNumber([&] { picker->SetFirstDayofWeek(8); }), 5);
+  tarnbrook::Font huge = bold;
+  huge.Size = 1e9f;
+  EXPECT_EQ(RaisedNumber([&] { picker->SetCalendarFont(huge); }), 380);
+  EXPECT_EQ(picker->FirstDayofWeek(), vbMonday);
+  EXPECT_EQ(picker->CalendarFont(), bold);
+  const std::string saved = form.SaveToText();
+  EXPECT_TRUE(platform.Children(picker->hWnd()).empty());
+  log.Take();
+
+  platform.Key(VK_F4);
+  EXPECT_EQ(log.Take(), (Log{"BeforeCalendarDropDown", "AfterCalendarDropDown"}));
+  ASSERT_TRUE(picker->IsDropped());
+  EXPECT_EQ(Calendar().FirstDayofWeek(), vbMonday);
+  EXPECT_EQ(Calendar().Font(), bold);
+  EXPECT_EQ(Calendar().TodayButtonCaption(), "Now");
+  EXPECT_EQ(Calendar().BackColor(), 0x00FFEE);
+  EXPECT_FALSE(Calendar().EmptyButton());
+  EXPECT_EQ(Calendar().Value(), DateSerial(2026, 11, 21));
+  platform.Key(VK_ESCAPE);
+  EXPECT_FALSE(picker->IsDropped());
+  EXPECT_EQ(form.SaveToText(), saved);
 }
 
 } // namespace
