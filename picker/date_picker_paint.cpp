@@ -14,6 +14,8 @@ constexpr int32_t TextMargin = 2; // the focus rectangle lies between the border
 // Cuts the format into fields again on the present surface and font; the first field that
 // is not a literal becomes current.
 void DatePicker::RebuildFields() {
+  if (loading_)
+    return; // cut once, when every key has been read
   cMDC& surface = Surface();
   surface.SetFont(font_.Name, font_.Size, font_.Bold, font_.Italic, font_.Strikethrough,
                   font_.Underline);
