@@ -129,39 +129,33 @@ int32_t Canvas::DrawText(std::string_view text, Rect* rect, uint32_t flags) {
     }
     return 0;
   }
-  const int64_t left = rect->left, top = rect->top, right = rect->right, bottom = rect->bottom;
-  const ShapedText& shaped =
-      TextEngine::ForThisThread().Shape(impl_->font, text, flags, ToInt32(right - left));
+  TextEngine& engine = TextEngine::ForThisThread();
+  const TextPlace place{
+      rect->left, rect->top, rect->right, rect->bottom,
+      Intersect(flags & DT_NOCLIP ? Rect{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX} : *rect,
+                {0, 0, impl_->width, impl_->height})};
+  const int32_t wrapWidth = ToInt32(place.right - place.left);
   if (flags & DT_CALCRECT) {
-    rect->right = ToInt32(left + shaped.width);
-    rect->bottom = ToInt32(top + shaped.height);
-    return shaped.height;
+    const Size size = engine.Measure(impl_->font, text, flags, wrapWidth);
+    rect->right = ToInt32(place.left + size.cx);
+    rect->bottom = ToInt32(place.top + size.cy);
+    return size.cy;
   }
-  const int64_t x = flags & DT_CENTER  ? left + (right - left - shaped.width) / 2
-                    : flags & DT_RIGHT ? right - shaped.width
-                                       : left;
-  int64_t y = top;
-  if (flags & DT_SINGLELINE) {
-    if (flags & DT_VCENTER) {
-      y = top + (bottom - top - shaped.height) / 2;
-    } else if (flags & DT_BOTTOM) {
-      y = bottom - shaped.height;
-    }
-  }
+  const ShapedText& shaped = engine.Shape(impl_->font, text, flags, wrapWidth, place);
+  const auto [x, y] = TextOrigin(place, shaped.width, shaped.height, flags);
   if (IsFar(x) || IsFar(y))
     return shaped.height;
-  Rect clip = flags & DT_NOCLIP ? Rect{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX} : *rect;
   if (impl_->bkMode == OPAQUE) {
-    impl_->Fill(Intersect(clip, {int32_t(x), int32_t(y), int32_t(x + shaped.width),
-                                 int32_t(y + shaped.height)}),
+    impl_->Fill(Intersect(place.visible, {int32_t(x), int32_t(y), int32_t(x + shaped.width),
+                                          int32_t(y + shaped.height)}),
                 ToPixel(impl_->bkColor));
   }
-  impl_->Blend(shaped, int32_t(x), int32_t(y), clip, impl_->textColor);
+  impl_->Blend(shaped, int32_t(x), int32_t(y), place.visible, impl_->textColor);
   return shaped.height;
 }
 
 Size Canvas::GetTextExtent(std::string_view text) {
-  return TextEngine::ForThisThread().Measure(impl_->font, text, DT_SINGLELINE | DT_NOPREFIX);
+  return TextEngine::ForThisThread().Measure(impl_->font, text, DT_SINGLELINE | DT_NOPREFIX, -1);
 }
 
 } // namespace tarnbrook

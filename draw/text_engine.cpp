@@ -7,6 +7,8 @@
 #include <cstring>
 #include <pango/pangocairo.h>
 
+#include "draw/canvas_impl.hpp"
+
 namespace tarnbrook {
 
 namespace {
@@ -85,6 +87,41 @@ void MakeCacheKey(std::string& key, const FontSpec& font, std::string_view text,
     key.append(reinterpret_cast<const char*>(&n), sizeof n);
   }
   key += text;
+}
+
+// Masks above this many pixels are made for the place they are drawn in only.
+constexpr int64_t LargeMaskPixels = 1 << 20;
+
+// The wrap width matters only to word-broken text of several lines.
+int32_t UsedWrapWidth(uint32_t flags, int32_t wrapWidth) {
+  return flags & DT_WORDBREAK && !(flags & DT_SINGLELINE) ? wrapWidth : -1;
+}
+
+// The box holding ink and logical box, turned by `angle` about the logical top-left, relative
+// to it.
+Rect MaskBounds(const PangoRectangle& ink, const PangoRectangle& logical, double angle) {
+  double left = std::min(ink.x, logical.x) - logical.x;
+  double top = std::min(ink.y, logical.y) - logical.y;
+  double right = std::max(ink.x + ink.width, logical.x + logical.width) - logical.x;
+  double bottom = std::max(ink.y + ink.height, logical.y + logical.height) - logical.y;
+  double minX = 1e9, minY = 1e9, maxX = -1e9, maxY = -1e9;
+  for (double x : {left, right}) {
+    for (double y : {top, bottom}) {
+      double tx = x * std::cos(angle) - y * std::sin(angle);
+      double ty = x * std::sin(angle) + y * std::cos(angle);
+      minX = std::min(minX, tx);
+      maxX = std::max(maxX, tx);
+      minY = std::min(minY, ty);
+      maxY = std::max(maxY, ty);
+    }
+  }
+  // Pango's sizes are ints; turned, they may not be: kept where the casts are defined.
+  minX = std::clamp(minX, -1e9, 1e9);
+  minY = std::clamp(minY, -1e9, 1e9);
+  maxX = std::clamp(maxX, minX, 1e9);
+  maxY = std::clamp(maxY, minY, 1e9);
+  return {static_cast<int32_t>(std::floor(minX)), static_cast<int32_t>(std::floor(minY)),
+          static_cast<int32_t>(std::ceil(maxX)), static_cast<int32_t>(std::ceil(maxY))};
 }
 
 // Cuts the mask down to the rows and columns that have ink, so that drawing walks no blank.
@@ -214,17 +251,34 @@ void TextEngine::SetFont(const FontSpec& font) {
 }
 
 const ShapedText& TextEngine::Shape(const FontSpec& font, std::string_view text, uint32_t flags,
-                                    int32_t wrapWidth) {
+                                    int32_t wrapWidth, const TextPlace& place) {
   flags &= ShapingFlags;
-  if (!(flags & DT_WORDBREAK) || flags & DT_SINGLELINE) {
-    wrapWidth = -1;
-  }
+  wrapWidth = UsedWrapWidth(flags, wrapWidth);
   MakeCacheKey(key_, font, text, flags, wrapWidth);
-  auto found = shaped_.find(key_);
-  if (found != shaped_.end()) {
+  if (auto found = shaped_.find(key_); found != shaped_.end())
     return found->second;
+  const bool someText = Lay(font, text, flags, wrapWidth);
+  PangoRectangle ink;
+  PangoRectangle logical;
+  pango_layout_get_pixel_extents(layout_, &ink, &logical);
+  const double angle = -font.Escapement / 10.0 * M_PI / 180.0;
+  Rect mask = someText ? MaskBounds(ink, logical, angle) : Rect{};
+  // Text too large to keep whole is made only where the surface can show it, and kept for
+  // that place.
+  if (int64_t{mask.Width()} * mask.Height() > LargeMaskPixels) {
+    auto [x, y] = TextOrigin(place, logical.width, logical.height, flags);
+    auto near = [](int64_t v) {
+      return static_cast<int32_t>(std::clamp<int64_t>(v, -(1 << 30), 1 << 30));
+    };
+    mask = Intersect(mask, {near(place.visible.left - x), near(place.visible.top - y),
+                            near(place.visible.right - x), near(place.visible.bottom - y)});
+    key_ += '\1';
+    for (int32_t n : {mask.left, mask.top, mask.right, mask.bottom})
+      key_.append(reinterpret_cast<const char*>(&n), sizeof n);
+    if (auto found = shaped_.find(key_); found != shaped_.end())
+      return found->second;
   }
-  ShapedText shaped = Rasterise(font, text, flags, wrapWidth);
+  ShapedText shaped = Rasterise(logical, mask, angle);
   if (shaped_.size() >= CacheLimit || cachedBytes_ + shaped.coverage.size() > CacheByteLimit) {
     shaped_.clear();
     cachedBytes_ = 0;
@@ -264,14 +318,16 @@ bool TextEngine::Lay(const FontSpec& font, std::string_view text, uint32_t flags
   return !shown.text.empty();
 }
 
-Size TextEngine::Measure(const FontSpec& font, std::string_view text, uint32_t flags) {
+Size TextEngine::Measure(const FontSpec& font, std::string_view text, uint32_t flags,
+                         int32_t wrapWidth) {
   flags &= ShapingFlags;
-  MakeCacheKey(key_, font, text, flags, -1);
+  wrapWidth = UsedWrapWidth(flags, wrapWidth);
+  MakeCacheKey(key_, font, text, flags, wrapWidth);
   if (auto shaped = shaped_.find(key_); shaped != shaped_.end())
     return {shaped->second.width, shaped->second.height};
   if (auto measured = measured_.find(key_); measured != measured_.end())
     return measured->second;
-  Lay(font, text, flags, -1);
+  Lay(font, text, flags, wrapWidth);
   PangoRectangle logical;
   pango_layout_get_pixel_extents(layout_, nullptr, &logical);
   if (measured_.size() >= CacheLimit)
@@ -279,74 +335,45 @@ Size TextEngine::Measure(const FontSpec& font, std::string_view text, uint32_t f
   return measured_.emplace(key_, Size{logical.width, logical.height}).first->second;
 }
 
-ShapedText TextEngine::Rasterise(const FontSpec& font, std::string_view text, uint32_t flags,
-                                 int32_t wrapWidth) {
-  bool someText = Lay(font, text, flags, wrapWidth);
-  PangoRectangle ink;
-  PangoRectangle logical;
-  pango_layout_get_pixel_extents(layout_, &ink, &logical);
+// The laid-out text's coverage over `mask` (relative to its logical top-left, the text turned
+// by `angle`), cut down to its ink.
+ShapedText TextEngine::Rasterise(const PangoRectangle& logical, Rect mask, double angle) {
   ShapedText shaped;
   shaped.width = logical.width;
   shaped.height = logical.height;
-
-  // The mask holds ink and logical box, turned by the escapement about the logical top-left.
-  double angle = -font.Escapement / 10.0 * M_PI / 180.0;
-  double left = std::min(ink.x, logical.x) - logical.x;
-  double top = std::min(ink.y, logical.y) - logical.y;
-  double right = std::max(ink.x + ink.width, logical.x + logical.width) - logical.x;
-  double bottom = std::max(ink.y + ink.height, logical.y + logical.height) - logical.y;
-  double minX = 1e9, minY = 1e9, maxX = -1e9, maxY = -1e9;
-  for (double x : {left, right}) {
-    for (double y : {top, bottom}) {
-      double tx = x * std::cos(angle) - y * std::sin(angle);
-      double ty = x * std::sin(angle) + y * std::cos(angle);
-      minX = std::min(minX, tx);
-      maxX = std::max(maxX, tx);
-      minY = std::min(minY, ty);
-      maxY = std::max(maxY, ty);
-    }
-  }
-  // Pango's sizes are ints; turned, they may not be: kept where the casts are defined.
-  minX = std::clamp(minX, -1e9, 1e9);
-  minY = std::clamp(minY, -1e9, 1e9);
-  maxX = std::clamp(maxX, minX, 1e9);
-  maxY = std::clamp(maxY, minY, 1e9);
-  shaped.maskX = static_cast<int32_t>(std::floor(minX));
-  shaped.maskY = static_cast<int32_t>(std::floor(minY));
-  shaped.maskWidth = static_cast<int32_t>(std::ceil(maxX)) - shaped.maskX;
-  shaped.maskHeight = static_cast<int32_t>(std::ceil(maxY)) - shaped.maskY;
-  if (shaped.maskWidth <= 0 || shaped.maskHeight <= 0 || !someText) {
-    shaped.maskWidth = shaped.maskHeight = 0;
-    return shaped;
-  }
-
   // Text larger than any surface is cut to what one could show, from its top-left.
-  shaped.maskWidth = std::min(shaped.maskWidth, MaxMaskSide);
-  shaped.maskHeight = std::min(shaped.maskHeight, MaxMaskSide);
-  shaped.maskWidth = static_cast<int32_t>(
-      std::min<int64_t>(shaped.maskWidth, MaxMaskPixels / std::max(shaped.maskHeight, 1)));
-  cairo_surface_t* mask =
+  mask.right = mask.left + std::min(mask.Width(), MaxMaskSide);
+  mask.bottom = mask.top + std::min(mask.Height(), MaxMaskSide);
+  mask.right = mask.left + static_cast<int32_t>(std::min<int64_t>(
+                               mask.Width(), MaxMaskPixels / std::max(mask.Height(), 1)));
+  if (mask.Width() <= 0 || mask.Height() <= 0)
+    return shaped;
+  shaped.maskX = mask.left;
+  shaped.maskY = mask.top;
+  shaped.maskWidth = mask.Width();
+  shaped.maskHeight = mask.Height();
+  cairo_surface_t* surface =
       cairo_image_surface_create(CAIRO_FORMAT_A8, shaped.maskWidth, shaped.maskHeight);
-  if (cairo_surface_status(mask) != CAIRO_STATUS_SUCCESS) {
-    cairo_surface_destroy(mask);
+  if (cairo_surface_status(surface) != CAIRO_STATUS_SUCCESS) {
+    cairo_surface_destroy(surface);
     shaped.maskWidth = shaped.maskHeight = 0; // measured, but drawn as nothing
     return shaped;
   }
-  cairo_t* cr = cairo_create(mask);
+  cairo_t* cr = cairo_create(surface);
   cairo_translate(cr, -shaped.maskX, -shaped.maskY);
   cairo_rotate(cr, angle);
   cairo_translate(cr, -logical.x, -logical.y);
   pango_cairo_show_layout(cr, layout_);
   cairo_destroy(cr);
-  cairo_surface_flush(mask);
-  const unsigned char* data = cairo_image_surface_get_data(mask);
-  int stride = cairo_image_surface_get_stride(mask);
+  cairo_surface_flush(surface);
+  const unsigned char* data = cairo_image_surface_get_data(surface);
+  int stride = cairo_image_surface_get_stride(surface);
   shaped.coverage.resize(static_cast<size_t>(shaped.maskWidth) * shaped.maskHeight);
   for (int32_t y = 0; y < shaped.maskHeight; ++y) {
     std::copy_n(data + static_cast<ptrdiff_t>(y) * stride, shaped.maskWidth,
                 shaped.coverage.begin() + static_cast<ptrdiff_t>(y) * shaped.maskWidth);
   }
-  cairo_surface_destroy(mask);
+  cairo_surface_destroy(surface);
   TrimToInk(shaped);
   return shaped;
 }

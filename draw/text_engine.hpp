@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "draw/canvas.hpp"
@@ -12,6 +13,7 @@
 typedef struct _PangoContext PangoContext;
 typedef struct _PangoLayout PangoLayout;
 typedef struct _PangoFontDescription PangoFontDescription;
+typedef struct _PangoRectangle PangoRectangle;
 
 namespace tarnbrook {
 
@@ -26,6 +28,30 @@ struct ShapedText {
   std::vector<uint8_t> coverage; // maskWidth x maskHeight, 0..255
 };
 
+// Where a text is drawn, in the surface's coordinates: the rectangle the DT_ flags place it
+// in, and the part of the surface that can show it.
+struct TextPlace {
+  int64_t left = 0, top = 0, right = 0, bottom = 0;
+  Rect visible;
+};
+
+// The logical top-left of text of that size in its place: centred or right-aligned by the
+// flags, and on a single line centred or put at the bottom.
+inline std::pair<int64_t, int64_t> TextOrigin(const TextPlace& place, int32_t width, int32_t height,
+                                              uint32_t flags) {
+  const int64_t x = flags & DT_CENTER  ? place.left + (place.right - place.left - width) / 2
+                    : flags & DT_RIGHT ? place.right - width
+                                       : place.left;
+  int64_t y = place.top;
+  if (flags & DT_SINGLELINE) {
+    if (flags & DT_VCENTER)
+      y = place.top + (place.bottom - place.top - height) / 2;
+    else if (flags & DT_BOTTOM)
+      y = place.bottom - height;
+  }
+  return {x, y};
+}
+
 // The DrawText flags that change the shape of a text.
 constexpr uint32_t ShapingFlags = DT_CENTER | DT_RIGHT | DT_WORDBREAK | DT_SINGLELINE | DT_NOPREFIX;
 
@@ -34,20 +60,20 @@ public:
   // One engine per thread: the user-interface thread draws all text.
   static TextEngine& ForThisThread();
 
-  // `wrapWidth` matters only with DT_WORDBREAK on several lines.
+  // `wrapWidth` matters only with DT_WORDBREAK on several lines; `place` only to text too
+  // large to keep whole.
   const ShapedText& Shape(const FontSpec& font, std::string_view text, uint32_t flags,
-                          int32_t wrapWidth);
+                          int32_t wrapWidth, const TextPlace& place);
 
-  // The logical size alone, unwrapped: no pixels are made for it.
-  Size Measure(const FontSpec& font, std::string_view text, uint32_t flags);
+  // The logical size alone: no pixels are made for it.
+  Size Measure(const FontSpec& font, std::string_view text, uint32_t flags, int32_t wrapWidth);
 
   ~TextEngine();
 
 private:
   TextEngine();
   bool Lay(const FontSpec& font, std::string_view text, uint32_t flags, int32_t wrapWidth);
-  ShapedText Rasterise(const FontSpec& font, std::string_view text, uint32_t flags,
-                       int32_t wrapWidth);
+  ShapedText Rasterise(const PangoRectangle& logical, Rect mask, double angle);
   void SetFont(const FontSpec& font);
   const std::string& Family(const std::string& face);
 

@@ -301,5 +301,32 @@ TEST(CanvasText, TextIsItsInkMixedOverTheBackgroundByItsCoverage) {
   }
 }
 
+// Text too large to keep whole is made only where the surface shows it: what a small surface
+// shows of it is what a surface large enough for all of it shows there, turned text too.
+TEST(CanvasText, HugeTextShowsTheSameWhereverTheSurfaceCutsIt) {
+  for (int32_t escapement : {0, 300}) {
+    FontSpec huge;
+    huge.Height = -600;
+    huge.Escapement = escapement;
+    auto draw = [&](int32_t width, int32_t height) {
+      auto canvas = std::make_unique<Canvas>(width, height);
+      canvas->SelectFont(huge);
+      canvas->SetBkMode(TRANSPARENT);
+      canvas->DrawText("WWWW", Rect{-40, -30, 0, 0}, DT_LEFT | DT_SINGLELINE | DT_NOCLIP);
+      return canvas;
+    };
+    auto whole = draw(2600, 1800);
+    auto part = draw(300, 200);
+    int inked = 0;
+    for (int32_t y = 0; y < 200; ++y) {
+      for (int32_t x = 0; x < 300; ++x) {
+        ASSERT_EQ(part->GetPixel(x, y), whole->GetPixel(x, y)) << x << "," << y;
+        inked += part->GetPixel(x, y) != White;
+      }
+    }
+    EXPECT_GT(inked, 1000) << escapement;
+  }
+}
+
 } // namespace
 } // namespace tarnbrook
