@@ -42,10 +42,23 @@ void Canvas::Impl::Fill(Rect r, uint32_t pixel) {
   r.top = std::max(r.top, 0);
   r.right = std::min(r.right, width);
   r.bottom = std::min(r.bottom, height);
-  if (r.right <= r.left)
+  if (r.right <= r.left || r.bottom <= r.top)
     return;
+  const auto width = static_cast<size_t>(r.right - r.left);
+  uint32_t* first = Row(r.top) + r.left;
+  if (width == static_cast<size_t>(stride)) { // whole rows lie end to end: one run
+    FillPixels(first, width * static_cast<size_t>(r.bottom - r.top), pixel);
+    return;
+  }
+  // Narrow runs (lines, edges) are stored directly; a call per row would cost more.
   for (int32_t y = r.top; y < r.bottom; ++y) {
-    FillPixels(Row(y) + r.left, static_cast<size_t>(r.right - r.left), pixel);
+    uint32_t* run = first + static_cast<ptrdiff_t>(y - r.top) * stride;
+    if (width < 8) {
+      for (size_t x = 0; x < width; ++x)
+        run[x] = pixel;
+    } else {
+      FillPixels(run, width, pixel);
+    }
   }
 }
 

@@ -78,16 +78,8 @@ DisplayText Display(std::string_view source, uint32_t flags) {
   return shown;
 }
 
-void MakeCacheKey(std::string& key, const FontSpec& font, std::string_view text, uint32_t flags,
-                  int32_t wrapWidth) {
-  key = font.FaceName;
-  key += '\0';
-  for (int32_t n : {font.Height, font.Weight, font.Escapement, static_cast<int32_t>(flags),
-                    wrapWidth, font.Italic | font.Underline << 1 | font.StrikeOut << 2}) {
-    key.append(reinterpret_cast<const char*>(&n), sizeof n);
-  }
-  key += text;
-}
+// Fonts in use are numbered so that a key holds a number, not the whole description.
+constexpr size_t FontLimit = 64;
 
 // Masks above this many pixels are made for the place they are drawn in only.
 constexpr int64_t LargeMaskPixels = 1 << 20;
@@ -250,11 +242,31 @@ void TextEngine::SetFont(const FontSpec& font) {
   describedFont_ = font;
 }
 
+void TextEngine::MakeCacheKey(const FontSpec& font, std::string_view text, uint32_t flags,
+                              int32_t wrapWidth) {
+  if (fonts_.empty() || fonts_[lastFont_] != font) {
+    auto known = std::find(fonts_.begin(), fonts_.end(), font);
+    if (known == fonts_.end()) {
+      if (fonts_.size() >= FontLimit) { // the numbers are reused: what they keyed goes
+        fonts_.clear();
+        measured_.clear();
+        cachedBytes_ = 0;
+      }
+      known = fonts_.insert(fonts_.end(), font);
+    }
+    lastFont_ = static_cast<size_t>(known - fonts_.begin());
+  }
+  key_.clear();
+  for (int32_t n : {static_cast<int32_t>(lastFont_), static_cast<int32_t>(flags), wrapWidth})
+    key_.append(reinterpret_cast<const char*>(&n), sizeof n);
+  key_ += text;
+}
+
 const ShapedText& TextEngine::Shape(const FontSpec& font, std::string_view text, uint32_t flags,
                                     int32_t wrapWidth, const TextPlace& place) {
   flags &= ShapingFlags;
   wrapWidth = UsedWrapWidth(flags, wrapWidth);
-  MakeCacheKey(key_, font, text, flags, wrapWidth);
+  MakeCacheKey(font, text, flags, wrapWidth);
   if (auto found = shaped_.find(key_); found != shaped_.end())
     return found->second;
   const bool someText = Lay(font, text, flags, wrapWidth);
@@ -322,7 +334,7 @@ Size TextEngine::Measure(const FontSpec& font, std::string_view text, uint32_t f
                          int32_t wrapWidth) {
   flags &= ShapingFlags;
   wrapWidth = UsedWrapWidth(flags, wrapWidth);
-  MakeCacheKey(key_, font, text, flags, wrapWidth);
+  MakeCacheKey(font, text, flags, wrapWidth);
   if (auto shaped = shaped_.find(key_); shaped != shaped_.end())
     return {shaped->second.width, shaped->second.height};
   if (auto measured = measured_.find(key_); measured != measured_.end())

@@ -75,6 +75,8 @@ private:
   bool Lay(const FontSpec& font, std::string_view text, uint32_t flags, int32_t wrapWidth);
   ShapedText Rasterise(const PangoRectangle& logical, Rect mask, double angle);
   void SetFont(const FontSpec& font);
+  // Sets key_ to the text's key in that font.
+  void MakeCacheKey(const FontSpec& font, std::string_view text, uint32_t flags, int32_t wrapWidth);
   const std::string& Family(const std::string& face);
 
   PangoContext* context_ = nullptr;
@@ -84,8 +86,10 @@ private:
   std::unordered_map<std::string, std::string> families_; // face name -> installed family
   std::unordered_map<std::string, ShapedText> shaped_;
   std::unordered_map<std::string, Size> measured_; // texts measured but not drawn
-  std::string key_;                                // the key being looked up, its buffer reused
-  size_t cachedBytes_ = 0;                         // of the shaped texts' masks
+  std::vector<FontSpec> fonts_;                    // a key's font number indexes this
+  size_t lastFont_ = 0;
+  std::string key_;        // the key being looked up, its buffer reused
+  size_t cachedBytes_ = 0; // of the shaped texts' masks
 };
 
 } // namespace tarnbrook

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <vector>
 
 #include "draw/canvas.hpp"
 
@@ -37,6 +38,11 @@ TEST(Canvas, FillRectExcludesRightAndBottomAndClips) {
   EXPECT_EQ(canvas.GetPixel(1, 3), White);
   canvas.FillRect({-5, -5, 20, 1}, Blue);
   EXPECT_EQ(canvas.GetPixel(9, 0), Blue);
+  canvas.FillRect({0, 7, 10, 9}, Blue); // whole rows, filled as one run
+  EXPECT_EQ(canvas.GetPixel(5, 6), White);
+  EXPECT_EQ(canvas.GetPixel(0, 7), Blue);
+  EXPECT_EQ(canvas.GetPixel(9, 8), Blue);
+  EXPECT_EQ(canvas.GetPixel(0, 9), White);
 }
 
 TEST(Canvas, BitBltCopiesAndInvertsClipped) {
@@ -299,6 +305,26 @@ TEST(CanvasText, TextIsItsInkMixedOverTheBackgroundByItsCoverage) {
       for (int32_t x = left; x < 120; ++x)
         ASSERT_EQ(clipped->GetPixel(x, y), coloured->GetPixel(x, y)) << x << "," << y;
   }
+}
+
+// Shaped texts are kept per font; many fonts in turn must not mix up what was kept.
+TEST(CanvasText, TextLooksTheSameAfterManyOtherFonts) {
+  auto draw = [](Canvas& canvas, int32_t height) {
+    FontSpec font;
+    font.Height = height;
+    canvas.SelectFont(font);
+    canvas.FillRect({0, 0, 60, 40}, White);
+    canvas.DrawText("Ag", Rect{0, 0, 60, 40}, DT_LEFT | DT_SINGLELINE);
+    return std::vector<uint32_t>(canvas.Data(), canvas.Data() + 60 * 40);
+  };
+  Canvas canvas(60, 40);
+  const auto small = draw(canvas, -9);
+  const auto large = draw(canvas, -20);
+  ASSERT_NE(small, large);
+  for (int32_t height = -8; height > -200; --height)
+    draw(canvas, height);
+  EXPECT_EQ(draw(canvas, -9), small);
+  EXPECT_EQ(draw(canvas, -20), large);
 }
 
 // Text too large to keep whole is made only where the surface shows it: what a small surface
