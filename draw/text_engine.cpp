@@ -249,6 +249,7 @@ void TextEngine::MakeCacheKey(const FontSpec& font, std::string_view text, uint3
     if (known == fonts_.end()) {
       if (fonts_.size() >= FontLimit) { // the numbers are reused: what they keyed goes
         fonts_.clear();
+        shaped_.clear();
         measured_.clear();
         cachedBytes_ = 0;
       }
