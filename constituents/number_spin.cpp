@@ -168,11 +168,14 @@ bool NumberSpin::Step(int32_t amount) {
 void NumberSpin::TimerTick() {
   const std::string tag = timer_.Tag();
   if (tag == TypingTag) {
-    if (InYearRange(typed_))
+    const bool taken = InYearRange(typed_) && typed_ != value_;
+    if (taken)
       value_ = typed_;
     typing_ = false;
     Redraw();
     timer_.SetEnabled(false);
+    if (taken)
+      events_.Raise(&NumberSpinEvents::Typed);
     return;
   }
   if (tag != UpTag && tag != DownTag)

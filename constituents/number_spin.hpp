@@ -17,6 +17,8 @@ public:
   virtual ~NumberSpinEvents() = default;
   // An accepted step (button, arrow key, double click); a typed year raises none.
   virtual void Change() {}
+  // Not an event of the control: tells the owner that a typed year became the value.
+  virtual void Typed() {}
 };
 
 enum NumberSpinEventId { nsEventChange = 1 };

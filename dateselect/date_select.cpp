@@ -3,6 +3,7 @@
 
 #include "common/control_error.hpp"
 #include "common/date_runtime.hpp"
+#include "dateselect/date_spans.hpp"
 #include "host/about_box.hpp"
 #include "platform/platform.hpp"
 
@@ -39,11 +40,23 @@ DateSelect::DateSelect(HWND parent) : Control(parent), option_(std::make_shared<
   records_[LastRecord] = {LastRecord, "", false};
   option_->Connect(this);
   CreateConstituents();
-  // This year until another is set or read, so a saved form without a year still loads.
-  selectedYear_ = static_cast<int16_t>(Year(Platform::Current().Today()));
-  spnYear_->SetValue(selectedYear_);
+  ShowToday();
   ConnectConstituents();
   RebuildOptionList();
+}
+
+// What a new and a loaded control hold before their properties: dates are not saved, so a
+// loaded control's fields show today, its year and month are today's, and its operator "=",
+// the operator's default. Every field then has a value that its SQL can use.
+void DateSelect::ShowToday() {
+  const DateValue today = Platform::Current().Today();
+  selectedYear_ = static_cast<int16_t>(Year(today));
+  selectedMonth_ = Month(today);
+  spnYear_->SetValue(selectedYear_);
+  cboMonth_->SetListIndex(selectedMonth_ - 1);
+  cboOperator_->SetListIndex(0);
+  SetFrom(today);
+  SetTo(today);
 }
 
 DateSelect::~DateSelect() {
@@ -74,25 +87,30 @@ std::shared_ptr<CdtsOption> DateSelect::Options(int32_t index) {
   return option_;
 }
 
+// The list entry of an option; -1 when the list does not offer it.
+int32_t DateSelect::ListEntryOf(int32_t option) const {
+  for (int32_t i = 0; i < cboSelection_->ListCount(); ++i) {
+    if (cboSelection_->ItemData(i) == option)
+      return i;
+  }
+  return -1;
+}
+
+// An option not offered (or 15) gives way to the first offered one. Its dates are made
+// before anything is stored, so an option that cannot make them changes nothing.
 void DateSelect::SetSelection(int32_t option) {
   if (option < 0 || option > LastRecord)
     throw ControlError(5055, "Tarnbrook.DateSelect", "Invalid Option Index");
-  selection_ = option;
-  ComboListX& list = *cboSelection_;
-  int32_t found = -1;
-  for (int32_t i = 0; i < list.ListCount() && found < 0; ++i) {
-    if (list.ItemData(i) == option)
-      found = i;
-  }
-  if (found < 0 && list.ListCount() > 0) {
-    found = 0;
-    selection_ = list.ItemData(0);
-  } else if (found < 0) {
-    selection_ = dtsToday;
-  }
-  if (found >= 0)
-    Quietly([&] { list.SetListIndex(found); });
-  ApplyOption(selection_);
+  int32_t entry = ListEntryOf(option);
+  if (entry < 0 && cboSelection_->ListCount() > 0)
+    entry = 0;
+  const int32_t chosen = entry >= 0 ? cboSelection_->ItemData(entry) : dtsToday;
+  const OptionDates dates = DatesOf(chosen, Inputs());
+  selection_ = chosen;
+  if (entry >= 0)
+    Quietly([&] { cboSelection_->SetListIndex(entry); });
+  WriteDates(dates);
+  ShowConstituents();
   PropertyChanged("Selection");
   RaiseWithChange(&DateSelectEvents::SelectionChange);
 }
@@ -120,12 +138,8 @@ void DateSelect::VisibleChange(int32_t index, bool visible) {
 void DateSelect::TextChange(int32_t index, const std::string& text) {
   if (!records_[index].visible)
     return;
-  for (int32_t i = 0; i < cboSelection_->ListCount(); ++i) {
-    if (cboSelection_->ItemData(i) == index) {
-      Quietly([&] { cboSelection_->SetList(i, text); });
-      return;
-    }
-  }
+  if (const int32_t entry = ListEntryOf(index); entry >= 0)
+    Quietly([&] { cboSelection_->SetList(entry, text); });
 }
 
 void DateSelect::About() {

@@ -11,6 +11,7 @@
 #include "constituents/combo_list_x.hpp"
 #include "constituents/number_spin.hpp"
 #include "dateselect/cdts_option.hpp"
+#include "dateselect/date_spans.hpp"
 #include "host/check_box.hpp"
 #include "host/control.hpp"
 #include "host/event_source.hpp"
@@ -21,24 +22,6 @@
 namespace tarnbrook {
 
 struct ClassInfo;
-
-enum dtsOptions {
-  dtsToday = 0,
-  dtsDate = 1,
-  dtsDateRange = 2,
-  dtsLast7days = 3,
-  dtsLast30days = 4,
-  dtsThisWeekTillToday = 5,
-  dtsThisMonthTillToday = 6,
-  dtsThisYearTillToday = 7,
-  dtsLastWeek = 8,
-  dtsLastMonth = 9,
-  dtsLastYear = 10,
-  dtsCustomRange = 11,
-  dtsExpression = 12,
-  dtsMonth = 13,
-  dtsYear = 14,
-};
 
 // The spellings dtsJun and dtsOctobor are the published names.
 enum dtsMonths {
@@ -132,15 +115,15 @@ public:
   DateValue EndDate() const;
   void SetEndDate(DateValue date);
   int32_t SelectedMonth() const { return selectedMonth_; }
-  void SetSelectedMonth(int32_t month); // 1001 "Invalid Month Value"
+  void SetSelectedMonth(int32_t month); // 1001 "Invalid Month Value" outside 0..12
   int16_t SelectedYear() const { return selectedYear_; }
-  void SetSelectedYear(int16_t year); // 380 outside the controls' years 1601..9999
-  const std::string& Operator() const { return operator_; }
+  void SetSelectedYear(int16_t year);
+  std::string Operator() const;
   void SetOperator(const std::string& op); // 1000 "Invalid Operator"
-  int32_t CustomRange() const;
+  int32_t CustomRange() const;             // 6 beyond a Long
   void SetCustomRange(int32_t number);
   int32_t CustomSelection() const;
-  void SetCustomSelection(int32_t unit);
+  void SetCustomSelection(int32_t unit); // -1 chooses no unit
   const std::string& InputFormat() const { return inputFormat_; }
   void SetInputFormat(const std::string& format);
   int32_t FirstDayofWeek() const { return firstDayofWeek_; }
@@ -171,7 +154,7 @@ public:
 
   // Appearance, passed on to the constituents.
   int32_t ButtonWidth() const { return buttonWidth_; }
-  void SetButtonWidth(int32_t width); // below zero ignored
+  void SetButtonWidth(int32_t width); // below zero ignored; saved as 16 bits
   int32_t ButtonStyle() const { return buttonStyle_; }
   void SetButtonStyle(int32_t style); // 5065 "Tarnbrook.DatePicker" above 2
   int32_t BorderStyle() const { return borderStyle_; }
@@ -193,7 +176,7 @@ public:
 
   // A disabled control shows every constituent disabled.
   void SetEnabled(bool enabled) override;
-  HWND hwnd() const { return hWnd(); }
+  int32_t hwnd() const { return static_cast<int32_t>(hWnd()); }
   void About();
 
   // The constituents, by their names.
@@ -230,22 +213,26 @@ private:
     void Change() override { change(); }
   };
   struct SpinRelay : NumberSpinEvents {
-    std::function<void()> change;
+    std::function<void()> change, typed;
     void Change() override { change(); }
+    void Typed() override { typed(); }
   };
 
   // Options (date_select.cpp).
+  void ShowToday();
+  int32_t ListEntryOf(int32_t option) const;
   void RebuildOptionList();
   void TextChange(int32_t index, const std::string& text) override;
   void VisibleChange(int32_t index, bool visible) override;
 
   // Ranges (date_select_range.cpp).
-  void ApplyOption(int32_t option);
-  void ApplyLastMonth();
-  void ApplyMonthRange();
-  void ApplyYearRange();
-  void ApplyCustomRange();
-  void YearChanged(int32_t year);
+  RangeInputs Inputs() const;
+  OptionDates DatesOf(int32_t option, const RangeInputs& in) const;
+  void WriteDates(const OptionDates& dates);
+  bool FollowsYearAndMonth() const;
+  template <class Set>
+  void SetCustomInput(const RangeInputs& in, Set set, const char* key,
+                      void (DateSelectEvents::*event)());
   void SetFrom(DateValue date);
   void SetTo(DateValue date);
   std::string SqlDate(DateValue date) const;
@@ -263,7 +250,9 @@ private:
   void ConnectConstituents();
   void OptionPicked();
   void OperatorPicked();
+  void MonthPicked();
   void CustomChoicePicked();
+  void CustomInputChanged(void (DateSelectEvents::*event)());
   void FromChanged();
   void ToChanged();
   void SpinChanged();
@@ -274,6 +263,7 @@ private:
   void Click() override; // chkCustom
   void RaiseWithChange(void (DateSelectEvents::*event)());
   template <class Action> void Quietly(Action action);
+  template <class Action, class Undo> void Take(Action action, Undo undo);
 
   EventSource<DateSelectEvents> events_;
   std::array<OptionRecord, 16> records_;
@@ -294,7 +284,6 @@ private:
 
   int16_t selectedYear_ = 1601;
   int32_t selectedMonth_ = 1;
-  std::string operator_ = "=";
   std::string inputFormat_;
   int32_t firstDayofWeek_ = 0;
   bool disableSelection_ = false;

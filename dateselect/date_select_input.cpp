@@ -6,30 +6,16 @@
 #include "platform/platform.hpp"
 
 namespace tarnbrook {
-namespace {
-
-// An error inside a constituent's handler ends the action with a beep, never the program.
-template <class Action> void Handle(Action action) {
-  try {
-    action();
-  } catch (const ControlError&) {
-    Platform::Current().MessageBeep(MB_OK);
-  }
-}
-
-} // namespace
 
 void DateSelect::ConnectConstituents() {
   selectionRelay_.click = [this] { OptionPicked(); };
   operatorRelay_.click = [this] { OperatorPicked(); };
-  monthRelay_.click = [this] {
-    if (!quiet_)
-      Handle([&] { SetSelectedMonth(cboMonth_->ListIndex() + 1); });
-  };
+  monthRelay_.click = [this] { MonthPicked(); };
   customChoiceRelay_.click = [this] { CustomChoicePicked(); };
   fromRelay_.change = [this] { FromChanged(); };
   toRelay_.change = [this] { ToChanged(); };
   yearRelay_.change = [this] { SpinChanged(); };
+  yearRelay_.typed = [this] { SpinChanged(); };
   cboSelection_->Connect(&selectionRelay_);
   cboOperator_->Connect(&operatorRelay_);
   cboMonth_->Connect(&monthRelay_);
@@ -46,18 +32,33 @@ void DateSelect::RaiseWithChange(void (DateSelectEvents::*event)()) {
   events_.Raise(&DateSelectEvents::Change);
 }
 
+// A user's change the control cannot take goes to the container as an error, and the
+// constituent shows again what the control holds: what is shown is what the SQL says.
+template <class Action, class Undo> void DateSelect::Take(Action action, Undo undo) {
+  try {
+    action();
+  } catch (const ControlError& error) {
+    Quietly(undo);
+    ReportError(error);
+  }
+}
+
 void DateSelect::OptionPicked() {
   const int32_t index = cboSelection_->ListIndex();
   if (quiet_ || index < 0)
     return;
-  Handle([&] { SetSelection(cboSelection_->ItemData(index)); });
+  Take([&] { SetSelection(cboSelection_->ItemData(index)); },
+       [&] { cboSelection_->SetListIndex(ListEntryOf(selection_)); });
 }
 
 void DateSelect::OperatorPicked() {
-  if (quiet_)
-    return;
-  operator_ = cboOperator_->Text();
-  RaiseWithChange(&DateSelectEvents::OperatorChange);
+  if (!quiet_)
+    RaiseWithChange(&DateSelectEvents::OperatorChange);
+}
+
+// The list's current entry is the operator.
+std::string DateSelect::Operator() const {
+  return cboOperator_->Text();
 }
 
 void DateSelect::SetOperator(const std::string& op) {
@@ -66,52 +67,68 @@ void DateSelect::SetOperator(const std::string& op) {
   } catch (const ControlError&) {
     throw ControlError(1000, "Tarnbrook.DateSelect", "Invalid Operator");
   }
-  operator_ = cboOperator_->Text();
   PropertyChanged("Operator");
   RaiseWithChange(&DateSelectEvents::OperatorChange);
 }
 
-void DateSelect::CustomChoicePicked() {
+void DateSelect::MonthPicked() {
+  if (!quiet_)
+    Take([&] { SetSelectedMonth(cboMonth_->ListIndex() + 1); },
+         [&] { cboMonth_->SetListIndex(selectedMonth_ - 1); });
+}
+
+// The spin's value changed, stepped or typed: it becomes the year unless the current option
+// cannot make dates for it (10000, one step past the last year).
+void DateSelect::SpinChanged() {
+  const int32_t year = spnYear_->Value();
+  if (quiet_ || year == selectedYear_)
+    return;
+  Take(
+      [&] {
+        RangeInputs in = Inputs();
+        in.year = year;
+        const OptionDates dates = FollowsYearAndMonth() ? DatesOf(selection_, in) : OptionDates{};
+        selectedYear_ = static_cast<int16_t>(year);
+        WriteDates(dates);
+        RaiseWithChange(&DateSelectEvents::YearChange);
+      },
+      [&] { spnYear_->SetValue(selectedYear_); });
+}
+
+// The custom range follows its inputs while it is the current option. Its inputs changed
+// either way, so their events come even when the range cannot be shown.
+void DateSelect::CustomInputChanged(void (DateSelectEvents::*event)()) {
   if (quiet_)
     return;
-  Handle([&] {
-    if (selection_ == dtsCustomRange)
-      ApplyCustomRange();
-    RaiseWithChange(&DateSelectEvents::CustomSelectionChange);
-  });
+  if (selection_ == dtsCustomRange)
+    Take([&] { WriteDates(DatesOf(dtsCustomRange, Inputs())); }, [] {});
+  if (event)
+    events_.Raise(event);
+  events_.Raise(&DateSelectEvents::Change);
+}
+
+void DateSelect::CustomChoicePicked() {
+  CustomInputChanged(&DateSelectEvents::CustomSelectionChange);
 }
 
 void DateSelect::FromChanged() {
   if (!quiet_)
-    Handle([&] { SetStartDate(StartDate()); });
+    Take([&] { SetStartDate(StartDate()); }, [] {});
 }
 
 void DateSelect::ToChanged() {
   if (!quiet_)
-    Handle([&] { SetEndDate(EndDate()); });
-}
-
-// The spin can step one past the last year; the control keeps years it can show.
-void DateSelect::SpinChanged() {
-  if (quiet_)
-    return;
-  const int32_t year = spnYear_->Value();
-  if (year < 1601 || year > 9999) {
-    Quietly([&] { spnYear_->SetValue(selectedYear_); });
-    return;
-  }
-  Handle([&] { YearChanged(year); });
+    Take([&] { SetEndDate(EndDate()); }, [] {});
 }
 
 // txtCustomRange.
 void DateSelect::Change() {
-  if (quiet_)
-    return;
-  Handle([&] {
-    if (selection_ == dtsCustomRange)
-      ApplyCustomRange();
-    RaiseWithChange(&DateSelectEvents::CustomRangeChange);
-  });
+  CustomInputChanged(&DateSelectEvents::CustomRangeChange);
+}
+
+// chkCustom: the range moves, and only Change tells of it.
+void DateSelect::Click() {
+  CustomInputChanged(nullptr);
 }
 
 void DateSelect::Validate(bool& Cancel) {
@@ -130,17 +147,6 @@ void DateSelect::GotFocus() {
 
 void DateSelect::LostFocus() {
   txtCustomRange_->SetBackColor(controlBackColor_);
-}
-
-// chkCustom: the range moves, and only Change tells of it.
-void DateSelect::Click() {
-  if (quiet_)
-    return;
-  Handle([&] {
-    if (selection_ == dtsCustomRange)
-      ApplyCustomRange();
-    events_.Raise(&DateSelectEvents::Change);
-  });
 }
 
 } // namespace tarnbrook

@@ -141,8 +141,9 @@ void DateSelect::LayoutConstituents() {
   const int32_t width = std::max(ScaleWidth(), minWidth);
   auto textWidth = [&](std::string_view sample) { return MeasureLine(font_, sample).cx; };
   const int32_t space = textWidth("9");
+  // A button wider than the control takes no more than its width.
   const int32_t chrome =
-      std::max(buttonWidth_, 0) + 2 * BorderStyleWidth(borderStyle_) + TextPadding;
+      std::clamp(buttonWidth_, 0, width) + 2 * BorderStyleWidth(borderStyle_) + TextPadding;
   const int32_t rowHeight = cboSelection_->PreferredHeight();
   const int32_t row2 = rowHeight + RowGap;
   const int32_t row3 = row2 + rowHeight + RowGap;
@@ -195,18 +196,16 @@ void DateSelect::OnPaint() {
   Surface().DrawBox(0, 0, Surface().Width(), Surface().Height(), 1, OleColorNone, backColor_);
 }
 
-// Saved as a 16-bit number, so wider is refused here rather than when the form is saved.
+// The date fields go first: their refusal of a width (beyond 16 bits) leaves all as it was.
 void DateSelect::SetButtonWidth(int32_t width) {
   if (width < 0)
     return;
-  if (width > INT16_MAX)
-    RaiseRuntimeError(rtOverflow, "Tarnbrook.DateSelect");
+  dtpFrom_->SetButtonWidth(width);
+  dtpTo_->SetButtonWidth(width);
   buttonWidth_ = width;
   for (ComboListX* list : Lists())
     list->SetButtonWidth(width);
   spnYear_->SetButtonWidth(width);
-  dtpFrom_->SetButtonWidth(width);
-  dtpTo_->SetButtonWidth(width);
   LayoutConstituents();
   PropertyChanged("ButtonWidth");
 }

@@ -91,7 +91,7 @@ std::vector<PersistedKey> PersistedKeys(const DateSelect& control) {
       Boolean<&D::DisableCustomSelection, &D::SetDisableCustomSelection>("DisableCustomSelection",
                                                                          16, false),
       Integer<&D::CustomSelection, &D::SetCustomSelection>("CustomSelection", 17, 0),
-      Long<&D::CustomRange, &D::SetCustomRange>("CustomRange", 18, 1),
+      Integer<&D::CustomRange, &D::SetCustomRange>("CustomRange", 18, 1),
       Integer<&D::Selection, &D::SetSelection>("Selection", 9, 0),
       Long<&D::ForeColor, &D::SetForeColor>("ForeColor", 20, vbButtonText),
       Long<&D::BackColor, &D::SetBackColor>("BackColor", 21, vbButtonFace),

@@ -1,13 +1,10 @@
 // The dates of each option, computed from today, the first day of the week, the selected year
-// and month, and the custom range.
-#include <algorithm>
-#include <climits>
-
+// and month, and the custom range; computed in full before anything is stored, so an option
+// whose dates cannot be made or shown changes nothing.
 #include "common/control_error.hpp"
 #include "common/conversions.hpp"
 #include "common/date_runtime.hpp"
 #include "dateselect/date_select.hpp"
-#include "dateselect/date_spans.hpp"
 #include "platform/platform.hpp"
 
 namespace tarnbrook {
@@ -41,155 +38,113 @@ void DateSelect::SetTo(DateValue date) {
   Quietly([&] { dtpTo_->SetValue(Variant::Date(date)); });
 }
 
-void DateSelect::ApplyOption(int32_t option) {
-  const DateValue today = Platform::Current().Today();
-  const int32_t weekday = DatePart("w", today, firstDayofWeek_, vbFirstJan1);
-  switch (option) {
-  case dtsToday:
-    SetFrom(today);
-    break;
-  case dtsLast7days:
-  case dtsLast30days:
-    SetFrom(today - (option == dtsLast7days ? 6 : 29));
-    SetTo(today);
-    break;
-  case dtsThisWeekTillToday:
-    SetFrom(today - weekday + 1);
-    SetTo(today);
-    break;
-  case dtsThisMonthTillToday:
-    SetFrom(DateSerial(Year(today), Month(today), 1));
-    SetTo(today);
-    break;
-  case dtsThisYearTillToday:
-    SetFrom(DateSerial(Year(today), 1, 1));
-    SetTo(today);
-    break;
-  case dtsLastWeek:
-    SetTo(today - weekday);
-    SetFrom(EndDate() - 6);
-    break;
-  case dtsLastMonth:
-    ApplyLastMonth();
-    break;
-  case dtsLastYear:
-    Quietly([&] { spnYear_->SetValue(Year(today) - 1); });
-    YearChanged(Year(today) - 1);
-    ApplyYearRange();
-    break;
-  case dtsCustomRange:
-    ApplyCustomRange();
-    break;
-  case dtsMonth:
-    ApplyMonthRange();
-    break;
-  case dtsYear:
-    ApplyYearRange();
-    break;
-  default: // Date, DateRange and Expression keep what the fields hold
-    break;
+RangeInputs DateSelect::Inputs() const {
+  RangeInputs in;
+  in.today = Platform::Current().Today();
+  in.firstDayOfWeek = firstDayofWeek_;
+  in.year = selectedYear_;
+  in.month = selectedMonth_;
+  in.customNumber = Val(txtCustomRange_->Text());
+  in.customUnit = cboCustomChoice_->Text();
+  in.includeToday = chkCustom_->Value() == vbChecked;
+  return in;
+}
+
+// The option's dates, refused with the fields' own error when a field cannot show one.
+OptionDates DateSelect::DatesOf(int32_t option, const RangeInputs& in) const {
+  OptionDates dates = DatesOfOption(option, in);
+  if (dates.from)
+    dtpFrom_->CheckInLimits(*dates.from);
+  if (dates.to)
+    dtpTo_->CheckInLimits(*dates.to);
+  return dates;
+}
+
+// Last Month and Last Year select their year and month through the year's and the month's
+// own change handling, so their events come first.
+void DateSelect::WriteDates(const OptionDates& dates) {
+  if (dates.year) {
+    selectedYear_ = static_cast<int16_t>(*dates.year);
+    Quietly([&] { spnYear_->SetValue(*dates.year); });
+    RaiseWithChange(&DateSelectEvents::YearChange);
   }
-  ShowConstituents();
+  if (dates.month)
+    SetSelectedMonth(*dates.month);
+  if (dates.from)
+    SetFrom(*dates.from);
+  if (dates.to)
+    SetTo(*dates.to);
 }
 
-// Last month's year and month become the selected ones, through their own change handling.
-void DateSelect::ApplyLastMonth() {
-  const DateValue today = Platform::Current().Today();
-  int32_t year = Year(today);
-  int32_t month = Month(today) - 1;
-  if (month < 1) {
-    month += 12;
-    --year;
-  }
-  Quietly([&] { spnYear_->SetValue(year); });
-  YearChanged(year);
-  SetSelectedMonth(month);
-  ApplyMonthRange();
-}
-
-void DateSelect::ApplyMonthRange() {
-  DateSpan span = MonthSpan(selectedYear_, selectedMonth_);
-  SetFrom(span.start);
-  SetTo(span.end);
-}
-
-void DateSelect::ApplyYearRange() {
-  DateSpan span = YearSpan(selectedYear_);
-  SetFrom(span.start);
-  SetTo(span.end);
-}
-
-void DateSelect::ApplyCustomRange() {
-  // A number so large that the range leaves the runtime's or the fields' dates keeps the
-  // dates the fields hold.
-  std::optional<DateSpan> span;
-  try {
-    span = CustomSpan(Platform::Current().Today(), Val(txtCustomRange_->Text()),
-                      cboCustomChoice_->Text(), firstDayofWeek_, chkCustom_->Value() == vbChecked);
-  } catch (const ControlError&) {
-    return;
-  }
-  auto showable = [](const DatePicker& field, DateValue date) {
-    return field.MinDate() <= date && date <= field.MaxDate();
-  };
-  if (!span || !showable(*dtpFrom_, span->start) || !showable(*dtpTo_, span->end))
-    return;
-  SetFrom(span->start);
-  SetTo(span->end);
-}
-
-void DateSelect::YearChanged(int32_t year) {
-  selectedYear_ = static_cast<int16_t>(year);
-  if (selection_ == dtsYear)
-    ApplyYearRange();
-  else if (selection_ == dtsMonth)
-    ApplyMonthRange();
-  RaiseWithChange(&DateSelectEvents::YearChange);
+// The options whose dates follow the selected year and month.
+bool DateSelect::FollowsYearAndMonth() const {
+  return selection_ == dtsMonth || selection_ == dtsYear;
 }
 
 void DateSelect::SetSelectedMonth(int32_t month) {
-  if (month < dtsJanuary || month > dtsDecember)
+  if (month < 0 || month > dtsDecember) // the list takes no entry (-1) or one of its twelve
     throw ControlError(1001, "Tarnbrook.DateSelect", "Invalid Month Value");
+  RangeInputs in = Inputs();
+  in.month = month;
+  const OptionDates dates = selection_ == dtsMonth ? DatesOf(selection_, in) : OptionDates{};
   Quietly([&] { cboMonth_->SetListIndex(month - 1); });
   selectedMonth_ = month;
   PropertyChanged("SelectedMonth");
-  if (selection_ == dtsMonth)
-    ApplyMonthRange();
+  WriteDates(dates);
   RaiseWithChange(&DateSelectEvents::MonthChange);
 }
 
-// Years the date fields can show; stored only once the dates for it can be made.
+// Any 16-bit year is held; the spin shows it only within its years, and an option that
+// cannot make dates for it refuses it.
 void DateSelect::SetSelectedYear(int16_t year) {
-  if (year < 1601 || year > 9999)
-    RaiseRuntimeError(rtInvalidPropertyValue, "Tarnbrook.DateSelect");
-  Quietly([&] { spnYear_->SetValue(year); });
+  RangeInputs in = Inputs();
+  in.year = year;
+  const OptionDates dates = DatesOf(selection_, in);
   selectedYear_ = year;
-  ApplyOption(selection_);
+  Quietly([&] { spnYear_->SetValue(year); });
+  WriteDates(dates);
   PropertyChanged("SelectedYear");
   RaiseWithChange(&DateSelectEvents::YearChange);
 }
 
-// A number beyond a Long reads as the nearest Long, so the control can always be saved.
+// Val rounded half to even; beyond a Long it overflows (6).
 int32_t DateSelect::CustomRange() const {
-  double number = Val(txtCustomRange_->Text());
-  return CLng(std::clamp(number, double(INT32_MIN), double(INT32_MAX)));
+  return CLng(Val(txtCustomRange_->Text()));
 }
 
 void DateSelect::SetCustomRange(int32_t number) {
-  txtCustomRange_->SetText(std::to_string(number));
-  PropertyChanged("CustomRange");
+  RangeInputs in = Inputs();
+  in.customNumber = number;
+  SetCustomInput(
+      in, [&] { txtCustomRange_->SetText(std::to_string(number)); }, "CustomRange",
+      &DateSelectEvents::CustomRangeChange);
 }
 
 int32_t DateSelect::CustomSelection() const {
   return cboCustomChoice_->ListIndex();
 }
 
-// A unit must stay chosen: the custom range has no dates without one.
+// -1 leaves no unit chosen: the custom range then has no dates of its own.
 void DateSelect::SetCustomSelection(int32_t unit) {
-  if (unit < dtsDays || unit > dtsYears)
-    RaiseRuntimeError(rtInvalidPropertyValue, "Tarnbrook.DateSelect");
-  cboCustomChoice_->SetListIndex(unit);
-  PropertyChanged("CustomSelection");
+  RangeInputs in = Inputs();
+  const bool listed = unit >= 0 && unit < cboCustomChoice_->ListCount();
+  in.customUnit = listed ? cboCustomChoice_->List(unit) : "";
+  SetCustomInput(
+      in, [&] { cboCustomChoice_->SetListIndex(unit); }, "CustomSelection",
+      &DateSelectEvents::CustomSelectionChange);
+}
+
+// A program's change of a custom range input: the range first, while it is the current
+// option, so that one the fields cannot show is refused before the input changes.
+template <class Set>
+void DateSelect::SetCustomInput(const RangeInputs& in, Set set, const char* key,
+                                void (DateSelectEvents::*event)()) {
+  const OptionDates dates =
+      selection_ == dtsCustomRange ? DatesOf(dtsCustomRange, in) : OptionDates{};
+  Quietly(set);
+  PropertyChanged(key);
+  WriteDates(dates);
+  RaiseWithChange(event);
 }
 
 } // namespace tarnbrook

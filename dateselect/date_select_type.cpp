@@ -89,6 +89,7 @@ std::vector<PropertyInfo> DateSelectProperties() {
       Property<&D::ShowFocusRect, &D::SetShowFocusRect>("ShowFocusRect", T::Boolean,
                                                         "ShowFocusRect"),
       Property<&D::Enabled, &D::SetEnabled>("Enabled", T::Boolean),
+      Property<&D::hwnd>("hwnd", T::Long),
   };
 }
 

@@ -1,10 +1,19 @@
 #include "dateselect/date_spans.hpp"
 
 #include <cmath>
+#include <cstdint>
 
+#include "common/control_error.hpp"
 #include "common/date_runtime.hpp"
 
 namespace tarnbrook {
+namespace {
+
+OptionDates Span(DateSpan span) {
+  return {span.start, span.end, {}, {}};
+}
+
+} // namespace
 
 DateSpan MonthSpan(int year, int month) {
   DateValue first = DateSerial(year, month, 1);
@@ -12,6 +21,8 @@ DateSpan MonthSpan(int year, int month) {
 }
 
 DateSpan YearSpan(int year) {
+  if (year >= INT16_MAX) // the year after it is a 16-bit number too
+    RaiseRuntimeError(rtOverflow);
   return {DateSerial(year, 1, 1), DateSerial(year, 12, 31)};
 }
 
@@ -19,7 +30,7 @@ std::optional<DateSpan> CustomSpan(DateValue today, double number, std::string_v
                                    int firstDayOfWeek, bool includeToday) {
   DateSpan span;
   if (!std::isfinite(number)) {
-    return std::nullopt;
+    RaiseRuntimeError(rtOverflow);
   } else if (unit == "Days") {
     span = {today - number, today - 1};
   } else if (unit == "Weeks") {
@@ -37,6 +48,53 @@ std::optional<DateSpan> CustomSpan(DateValue today, double number, std::string_v
   if (includeToday)
     span.end = today;
   return span;
+}
+
+OptionDates DatesOfOption(int32_t option, const RangeInputs& in) {
+  const DateValue today = in.today;
+  auto weekday = [&] { return DatePart("w", today, in.firstDayOfWeek, vbFirstJan1); };
+  switch (option) {
+  case dtsToday:
+    return {today, {}, {}, {}};
+  case dtsLast7days:
+    return Span({today - 6, today});
+  case dtsLast30days:
+    return Span({today - 29, today});
+  case dtsThisWeekTillToday:
+    return Span({today - weekday() + 1, today});
+  case dtsThisMonthTillToday:
+    return Span({DateSerial(Year(today), Month(today), 1), today});
+  case dtsThisYearTillToday:
+    return Span({DateSerial(Year(today), 1, 1), today});
+  case dtsLastWeek: {
+    const DateValue end = today - weekday();
+    return Span({end - 6, end});
+  }
+  case dtsLastMonth: {
+    const int month = Month(today) == 1 ? 12 : Month(today) - 1;
+    const int year = Month(today) == 1 ? Year(today) - 1 : Year(today);
+    OptionDates dates = Span(MonthSpan(year, month));
+    dates.year = year;
+    dates.month = month;
+    return dates;
+  }
+  case dtsLastYear: {
+    OptionDates dates = Span(YearSpan(Year(today) - 1));
+    dates.year = Year(today) - 1;
+    return dates;
+  }
+  case dtsCustomRange:
+    if (auto span =
+            CustomSpan(today, in.customNumber, in.customUnit, in.firstDayOfWeek, in.includeToday))
+      return Span(*span);
+    return {};
+  case dtsMonth:
+    return Span(MonthSpan(in.year, in.month));
+  case dtsYear:
+    return Span(YearSpan(in.year));
+  default: // Date, DateRange and Expression: the user enters the dates
+    return {};
+  }
 }
 
 } // namespace tarnbrook

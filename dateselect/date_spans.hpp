@@ -1,10 +1,31 @@
 #pragma once
+#include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "common/date_value.hpp"
 
 namespace tarnbrook {
+
+// The options of a DateSelect.
+enum dtsOptions {
+  dtsToday = 0,
+  dtsDate = 1,
+  dtsDateRange = 2,
+  dtsLast7days = 3,
+  dtsLast30days = 4,
+  dtsThisWeekTillToday = 5,
+  dtsThisMonthTillToday = 6,
+  dtsThisYearTillToday = 7,
+  dtsLastWeek = 8,
+  dtsLastMonth = 9,
+  dtsLastYear = 10,
+  dtsCustomRange = 11,
+  dtsExpression = 12,
+  dtsMonth = 13,
+  dtsYear = 14,
+};
 
 // A range of whole days, both ends included.
 struct DateSpan {
@@ -12,7 +33,8 @@ struct DateSpan {
   DateValue end = 0;
 };
 
-// The whole month and the whole year; they end on the last day without leaving 9999.
+// The whole month and the whole year. A month past December rolls into the next year; a year
+// whose successor leaves 16 bits overflows (6), one outside the runtime's dates raises 5.
 DateSpan MonthSpan(int year, int month);
 DateSpan YearSpan(int year);
 
@@ -22,5 +44,27 @@ DateSpan YearSpan(int year);
 // the other units' pattern would give; that shift is how saved criteria have always read.
 std::optional<DateSpan> CustomSpan(DateValue today, double number, std::string_view unit,
                                    int firstDayOfWeek, bool includeToday);
+
+// What an option's dates follow from. Needs no window: the control fills it from its state.
+struct RangeInputs {
+  DateValue today = 0;    // whole day
+  int firstDayOfWeek = 0; // 0 = the locale's
+  int year = 0;           // the selected year
+  int month = 1;          // the selected month
+  double customNumber = 0;
+  std::string customUnit; // "Days", "Weeks", "Months" or "Years"
+  bool includeToday = false;
+};
+
+// What applying an option writes: the start and end dates (an absent one leaves its field as
+// it is) and, for Last Month and Last Year, the year and month they select.
+struct OptionDates {
+  std::optional<DateValue> from, to;
+  std::optional<int> year, month;
+};
+
+// The dates of option `option` (a dtsOptions value); the runtime's errors when a date cannot
+// be made.
+OptionDates DatesOfOption(int32_t option, const RangeInputs& in);
 
 } // namespace tarnbrook

@@ -59,16 +59,20 @@ void DatePicker::SetValue(const Variant& value) {
     empty_ = true;
   } else if (IsDateValue(value)) {
     const tarnbrook::DateValue date = value.ToDate();
-    // Not a number fails every comparison: it is outside the limits too.
-    if (!(date >= minDate_ && date <= maxDate_))
-      throw ControlError(2050, "DatePicker",
-                         "The Date specified doesn't fall within the Min/Max Values");
+    CheckInLimits(date);
     value_ = date;
     empty_ = false;
     SetFieldsValue(date);
   }
   PropertyChanged("Value");
   Redraw();
+}
+
+void DatePicker::CheckInLimits(tarnbrook::DateValue date) const {
+  // Not a number fails every comparison: it is outside the limits too.
+  if (!(date >= minDate_ && date <= maxDate_))
+    throw ControlError(2050, "DatePicker",
+                       "The Date specified doesn't fall within the Min/Max Values");
 }
 
 tarnbrook::DateValue DatePicker::DateValue() const {

@@ -95,7 +95,9 @@ public:
 
   // The value: a Date, or Null when empty. Setting raises no Change.
   Variant Value() const;
-  void SetValue(const Variant& value);    // 2050 "DatePicker" outside the limits
+  void SetValue(const Variant& value); // 2050 "DatePicker" outside the limits
+  // Raises SetValue's 2050 for a date outside MinDate..MaxDate.
+  void CheckInLimits(tarnbrook::DateValue date) const;
   tarnbrook::DateValue DateValue() const; // the date part
   tarnbrook::DateValue TimeValue() const; // the time part
   tarnbrook::DateValue MinDate() const { return minDate_; }

@@ -7,15 +7,16 @@
 #include <vector>
 
 #include "common/date_runtime.hpp"
-#include "common/locale.hpp"
 #include "dateselect/date_select.hpp"
 #include "host/container.hpp"
+#include "host/control_registry.hpp"
 #include "platform/memory/memory_platform.hpp"
 #include "tests/support/raised.hpp"
 
 namespace tarnbrook {
 
 using Log = std::vector<std::string>;
+using Range = std::pair<DateValue, DateValue>;
 
 // Logs the control's events by name, in the order they come.
 class DateSelectLog : public DateSelectEvents {
@@ -34,72 +35,85 @@ public:
   void CustomSelectionChange() override { events.push_back("CustomSelectionChange"); }
 };
 
-// Restores the process's locale when a test that changed it ends.
-struct LocaleGuard {
-  Locale saved = CurrentLocale();
-  ~LocaleGuard() { SetCurrentLocale(saved); }
-};
+inline Range Days(int y1, int m1, int d1, int y2, int m2, int d2) {
+  return {DateSerial(y1, m1, d1), DateSerial(y2, m2, d2)};
+}
 
-// A form holding one new DateSelect on Monday 10 May 2004, 10:00, with the built-in English
-// locale (weeks start on Sunday); the log is connected after creation and the changed keys are
-// cleared.
+// A form holding one new DateSelect on Monday 10 May 2004, 10:00, in the built-in English
+// locale (weeks start on Sunday). The log is connected after creation; errors the control
+// reports to the form are kept.
 class DateSelectTest : public ::testing::Test {
 protected:
   static constexpr const char* Name = "DateSelect1";
 
   DateSelectTest() {
+    RegisterControlClass<DateSelect>("DateSelect");
     SetToday(2004, 5, 10);
+    form.SetErrorHandler(
+        [this](const std::string&, const ControlError& e) { reported.push_back(e.Number()); });
     ds = &static_cast<DateSelect&>(
         form.Add(std::make_unique<DateSelect>(form.hWnd()), Name, 10, 10, 320, 60));
     ds->Connect(&log);
     form.ClearChangedKeys();
   }
 
-  // "Today" moves; the control notices when an option is applied again.
   void SetToday(int year, int month, int day) {
     platform.SetNow(DateSerial(year, month, day) + 10.0 / 24);
   }
-  // Applies an option afresh and forgets what that raised and reported.
+  // Applies an option and forgets what that raised.
   void Select(int32_t option) {
     ds->SetSelection(option);
     log.Take();
-    form.ClearChangedKeys();
   }
-  void Custom(int32_t number, int32_t unit, bool includeToday) {
-    Select(dtsCustomRange);
-    ds->SetCustomSelection(unit);
-    ds->SetCustomRange(number);
-    ds->chkCustom().SetValue(includeToday ? vbChecked : vbUnchecked);
-    log.Take();
-  }
+  Range Dates() const { return {ds->StartDate(), ds->EndDate()}; }
 
-  // The dates as one pair, so whole ranges compare at once.
-  std::pair<DateValue, DateValue> Range() const { return {ds->StartDate(), ds->EndDate()}; }
-  static std::pair<DateValue, DateValue> Days(DateValue from, DateValue to) { return {from, to}; }
-
-  // The entries of a list, in list order.
-  static Log Items(ComboListX& list) {
-    Log texts;
-    for (int32_t i = 0; i < list.ListCount(); ++i)
-      texts.push_back(list.List(i));
-    return texts;
-  }
-  Log Offered() { return Items(ds->cboSelection()); }
-
-  // A person's click at a point of a constituent's client area, by default its middle.
+  // A person's click at a point of a constituent, by default its middle.
   void ClickAt(Control& control, int32_t x = -1, int32_t y = -1) {
     const Point p =
         platform.ClientToScreen(control.hWnd(), {x < 0 ? control.ScaleWidth() / 2 : x,
                                                  y < 0 ? control.ScaleHeight() / 2 : y});
     platform.Click(p.x, p.y);
   }
+  // Drops a list with the keyboard, moves `steps` entries down (up when negative), picks.
+  void PickWithKeys(ComboListX& list, int steps) {
+    list.cbo().SetFocus();
+    platform.Key(VK_F4);
+    for (int i = 0; i < std::abs(steps); ++i)
+      platform.Key(steps > 0 ? VK_DOWN : VK_UP);
+    platform.Key(VK_RETURN);
+  }
+  // A click on the spin's up or down button.
+  void ClickSpin(bool up) {
+    NumberSpin& spin = ds->spnYear();
+    ClickAt(spin, spin.ScaleWidth() - 2 - spin.ButtonWidth() / 2,
+            up ? spin.ScaleHeight() / 4 : spin.ScaleHeight() * 3 / 4);
+  }
+  // Replaces the custom number's text as a person does.
+  void TypeCustomNumber(const std::string& text) {
+    ClickAt(ds->txtCustomRange());
+    platform.Key('A', MemoryPlatform::CtrlKey);
+    platform.Type(text);
+  }
 
-  const Log& ChangedKeys() { return form.ChangedKeys(Name); }
+  // The form saved and opened again in a form of its own, beside the first one so that
+  // clicks still reach that, which keeps the focus.
+  DateSelect& Reloaded() {
+    const HWND focus = platform.GetFocus();
+    reloaded = std::make_unique<Container>();
+    reloaded->LoadFromText(form.SaveToText());
+    const Rect bounds = platform.GetWindowRect(reloaded->hWnd());
+    platform.MoveWindow(reloaded->hWnd(), bounds.right, bounds.top, bounds.Width(), bounds.Height(),
+                        true);
+    platform.SetFocus(focus);
+    return static_cast<DateSelect&>(*reloaded->Find(Name));
+  }
 
   MemoryPlatform platform;
   Container form;
   DateSelect* ds = nullptr;
   DateSelectLog log;
+  std::vector<int> reported;
+  std::unique_ptr<Container> reloaded;
 };
 
 } // namespace tarnbrook

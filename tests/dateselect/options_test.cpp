@@ -1,121 +1,224 @@
+// The offered options, the current one, the option objects, and what a program's setters
+// take, refuse and raise.
 #include "date_select_fixture.hpp"
+#include "host/type_info.hpp"
 
 namespace tarnbrook {
 namespace {
 
-// clang-format off
-const Log AllTexts = {"Today", "Date", "DateRange", "Last 7 days", "Last 30 days",
-                      "This Week Till Today", "This Month Till Today", "This Year Till Today",
-                      "Last Week", "Last Month", "Last Year", "Custom Range", "Expression",
-                      "Month", "Year"};
-// clang-format on
-
-TEST_F(DateSelectTest, ANewControlOffersAllFifteenOptionsWithTheirIndexAsItemData) {
-  EXPECT_EQ(Offered(), AllTexts);
-  for (int32_t i = 0; i < DateSelect::OptionCount; ++i) {
-    EXPECT_EQ(ds->cboSelection().ItemData(i), i);
-    EXPECT_EQ(ds->Options(i)->Text(), AllTexts[i]);
-    EXPECT_TRUE(ds->Options(i)->Visible());
-  }
-  EXPECT_EQ(ds->VisibleOptions(), 32767);
+Log Offered(DateSelect& ds) {
+  Log texts;
+  for (int32_t i = 0; i < ds.cboSelection().ListCount(); ++i)
+    texts.push_back(ds.cboSelection().List(i));
+  return texts;
 }
 
-TEST_F(DateSelectTest, VisibleOptionsOffersTheSetBitsInOptionOrderAndDropsHigherBits) {
+TEST_F(DateSelectTest, VisibleOptionsOffersTheSetBitsInOptionOrder) {
+  EXPECT_EQ(Offered(*ds).size(), 15u);
+  EXPECT_EQ(Offered(*ds)[11], "Custom Range");
   ds->SetVisibleOptions(1 << dtsYear | 1 << dtsDate | 1 << dtsLastMonth | 1 << 15 | 1 << 20);
-  EXPECT_EQ(Offered(), (Log{"Date", "Last Month", "Year"}));
-  EXPECT_EQ(ds->cboSelection().ItemData(1), dtsLastMonth);
+  EXPECT_EQ(Offered(*ds), (Log{"Date", "Last Month", "Year"}));
   EXPECT_EQ(ds->cboSelection().ItemData(2), dtsYear);
   EXPECT_EQ(ds->VisibleOptions(), 1 << dtsYear | 1 << dtsDate | 1 << dtsLastMonth);
-  EXPECT_EQ(ChangedKeys(), Log{"VisibleOptions"});
-
   ds->SetVisibleOptions(16777215);
   EXPECT_EQ(ds->VisibleOptions(), 32767);
-  EXPECT_EQ(Offered(), AllTexts);
 }
 
-TEST_F(DateSelectTest, ASelectionNotOfferedFallsBackToTheFirstOfferedOption) {
+TEST_F(DateSelectTest, ASelectionNotOfferedFallsBackAndOneOutsideTheOptionsIsRefused) {
   ds->SetVisibleOptions(5); // Today and DateRange
-  EXPECT_EQ(Offered(), (Log{"Today", "DateRange"}));
   Select(dtsDateRange);
   ds->SetSelection(dtsDate);
   EXPECT_EQ(ds->Selection(), dtsToday);
-  EXPECT_EQ(ds->cboSelection().ListIndex(), 0);
   EXPECT_EQ(log.Take(), (Log{"SelectionChange", "Change"}));
-  EXPECT_EQ(ChangedKeys(), Log{"Selection"});
-
-  ds->SetVisibleOptions(1 << dtsLast7days | 1 << dtsLast30days);
-  EXPECT_EQ(RaisedNumber([&] { ds->SetSelection(15); }), 0); // one past the options is let in
-  EXPECT_EQ(ds->Selection(), dtsLast7days);
-  EXPECT_EQ(Range(), Days(DateSerial(2004, 5, 4), DateSerial(2004, 5, 10)));
-
-  ds->SetVisibleOptions(0);
-  EXPECT_EQ(ds->cboSelection().ListCount(), 0);
-  ds->SetSelection(dtsYear);
-  EXPECT_EQ(ds->Selection(), 0);
-}
-
-TEST_F(DateSelectTest, ASelectionOutsideTheOptionsIsRefusedAndChangesNothing) {
-  Select(dtsLast30days);
+  ds->SetSelection(15); // one past the options is let in
+  EXPECT_EQ(ds->Selection(), dtsToday);
+  log.Take();
   for (int32_t bad : {-1, 16}) {
     ControlError error = Raised([&] { ds->SetSelection(bad); });
     EXPECT_EQ(error.Number(), 5055);
     EXPECT_EQ(error.Source(), "Tarnbrook.DateSelect");
     EXPECT_EQ(error.Description(), "Invalid Option Index");
   }
-  EXPECT_EQ(ds->Selection(), dtsLast30days);
-  EXPECT_EQ(ds->cboSelection().Text(), "Last 30 days");
-  EXPECT_EQ(Range(), Days(DateSerial(2004, 4, 11), DateSerial(2004, 5, 10)));
   EXPECT_EQ(log.Take(), Log{});
-  EXPECT_EQ(ChangedKeys(), Log{});
+  ds->SetVisibleOptions(0);
+  ds->SetSelection(dtsYear);
+  EXPECT_EQ(ds->Selection(), 0);
 }
 
-TEST_F(DateSelectTest, OneOptionObjectServesEveryIndexSoAKeptOneActsOnTheLatest) {
+TEST_F(DateSelectTest, OneOptionObjectServesEveryIndex) {
   std::shared_ptr<CdtsOption> kept = ds->Options(dtsLast7days);
-  std::shared_ptr<CdtsOption> later = ds->Options(dtsThisWeekTillToday);
-  EXPECT_EQ(kept.get(), later.get());
-  EXPECT_EQ(kept->Text(), "This Week Till Today");
-
-  kept->SetVisible(false);
-  EXPECT_FALSE(ds->Options(dtsThisWeekTillToday)->Visible());
+  EXPECT_EQ(ds->Options(dtsThisWeekTillToday).get(), kept.get());
+  Select(dtsThisWeekTillToday);
+  kept->SetVisible(false); // acts on the latest index: the current option goes
+  EXPECT_EQ(log.Take(), (Log{"SelectionChange", "Change"}));
+  EXPECT_EQ(ds->Selection(), dtsToday);
   EXPECT_TRUE(ds->Options(dtsLast7days)->Visible());
-  EXPECT_EQ(ds->VisibleOptions(), 32767 & ~(1 << dtsThisWeekTillToday));
-  EXPECT_EQ(ds->cboSelection().List(5), "This Month Till Today");
 
-  EXPECT_EQ(RaisedNumber([&] { ds->Options(15); }), 0);
+  ds->Options(dtsLast30days)->SetText("Past month"); // the entry only, until a rebuild
+  EXPECT_EQ(ds->cboSelection().List(dtsLast30days), "Past month");
+  EXPECT_EQ(ds->Options(dtsLast30days)->Text(), "Last 30 days");
+  ds->SetVisibleOptions(32767);
+  EXPECT_EQ(ds->cboSelection().List(dtsLast30days), "Last 30 days");
   for (int32_t bad : {-1, 16})
     EXPECT_EQ(RaisedNumber([&] { ds->Options(bad); }), rtSubscriptOutOfRange);
 }
 
-TEST_F(DateSelectTest, HidingTheCurrentOptionAppliesTheFirstOfferedOne) {
-  Select(dtsLast7days);
-  ds->Options(dtsLast7days)->SetVisible(false);
-  EXPECT_EQ(log.Take(), (Log{"SelectionChange", "Change"}));
-  EXPECT_EQ(ds->Selection(), dtsToday);
-  EXPECT_EQ(ds->cboSelection().Text(), "Today");
-  EXPECT_FALSE(ds->dtpTo().Visible());
+// The week's first day, the month's and the year's, from either first day of the week.
+TEST_F(DateSelectTest, RangesOnTheFirstDaysOfWeekMonthAndYear) {
+  struct Case {
+    int y, m, d, firstDay;
+    int32_t option;
+    Range dates;
+  };
+  const Case cases[] = {
+      {2004, 5, 9, vbSunday, dtsThisWeekTillToday, Days(2004, 5, 9, 2004, 5, 9)},
+      {2004, 5, 9, vbSunday, dtsLastWeek, Days(2004, 5, 2, 2004, 5, 8)},
+      {2004, 5, 10, vbMonday, dtsLastWeek, Days(2004, 5, 3, 2004, 5, 9)},
+      {2004, 5, 10, vbSaturday, dtsThisWeekTillToday, Days(2004, 5, 8, 2004, 5, 10)},
+      {2004, 3, 1, 0, dtsThisMonthTillToday, Days(2004, 3, 1, 2004, 3, 1)},
+      {2004, 3, 1, 0, dtsLastMonth, Days(2004, 2, 1, 2004, 2, 29)},
+      {2004, 1, 15, 0, dtsLastMonth, Days(2003, 12, 1, 2003, 12, 31)},
+      {2004, 1, 1, 0, dtsThisYearTillToday, Days(2004, 1, 1, 2004, 1, 1)},
+      {2004, 1, 1, 0, dtsLastYear, Days(2003, 1, 1, 2003, 12, 31)},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.y << "-" << c.m << "-" << c.d << " option " << c.option);
+    SetToday(c.y, c.m, c.d);
+    ds->SetFirstDayofWeek(c.firstDay);
+    Select(c.option);
+    EXPECT_EQ(Dates(), c.dates);
+  }
+  EXPECT_EQ(ds->SelectedYear(), 2003); // Last Month and Last Year took theirs
+  EXPECT_EQ(ds->cboMonth().Text(), "December");
+}
 
-  // Hiding another option keeps the current one, yet applies it again.
+TEST_F(DateSelectTest, CustomRangesEndYesterdayOrTodayAndWeeksKeepTheirOneDayShift) {
+  struct Case {
+    int32_t number, unit;
+    bool today;
+    Range dates;
+  };
+  const Case cases[] = {
+      {3, dtsDays, false, Days(2004, 5, 7, 2004, 5, 9)},
+      {3, dtsDays, true, Days(2004, 5, 7, 2004, 5, 10)},
+      {1, dtsWeeks, false, Days(2004, 5, 3, 2004, 5, 9)}, // ends on this week's first day
+      {2, dtsWeeks, false, Days(2004, 4, 26, 2004, 5, 9)},
+      {3, dtsMonths, true, Days(2004, 2, 1, 2004, 5, 10)},
+      {2, dtsYears, false, Days(2002, 1, 1, 2003, 12, 31)},
+  };
+  Select(dtsCustomRange);
+  for (const Case& c : cases) {
+    ds->chkCustom().SetValue(c.today ? vbChecked : vbUnchecked);
+    ds->SetCustomSelection(c.unit);
+    ds->SetCustomRange(c.number);
+    EXPECT_EQ(Dates(), c.dates) << c.number << " of unit " << c.unit;
+  }
+  EXPECT_EQ(log.Take().back(), "Change");
+  ds->txtCustomRange().SetText("2.5");
+  EXPECT_EQ(ds->CustomRange(), 2); // rounded half to even
+  ds->txtCustomRange().SetText("1e12");
+  EXPECT_EQ(RaisedNumber([&] { ds->CustomRange(); }), rtOverflow);
+
+  // A range the fields cannot show is refused with their error, before anything changes.
+  ds->SetCustomRange(3);
+  log.Take();
+  EXPECT_EQ(RaisedNumber([&] { ds->SetCustomRange(500); }), 2050); // 1504: not in the fields
+  EXPECT_EQ(RaisedNumber([&] { ds->SetCustomRange(999999999); }), rtInvalidProcedureCall);
+  EXPECT_EQ(log.Take(), Log{});
+  EXPECT_EQ(ds->CustomRange(), 3);
+  EXPECT_EQ(Dates(), Days(2001, 1, 1, 2003, 12, 31));
+
+  // No unit: the range keeps the dates, the SQL writes them.
+  ds->SetCustomSelection(-1);
+  EXPECT_EQ(Dates(), Days(2001, 1, 1, 2003, 12, 31));
+  EXPECT_EQ(ds->SQLCriteria(), "Date BETWEEN 1/1/2001 AND 12/31/2003");
+  EXPECT_NE(RaisedNumber([&] { ds->SetCustomSelection(4); }), 0);
+  EXPECT_EQ(ds->CustomSelection(), -1);
+}
+
+// The custom inputs move the dates only while the custom range is the option.
+TEST_F(DateSelectTest, CustomInputsLeaveTheDatesOfOtherOptions) {
   Select(dtsDateRange);
   ds->SetStartDate(DateSerial(2001, 2, 3));
   log.Take();
-  ds->Options(dtsYear)->SetVisible(false);
-  EXPECT_EQ(ds->Selection(), dtsDateRange);
-  EXPECT_EQ(ds->StartDate(), DateSerial(2001, 2, 3));
-  EXPECT_EQ(log.Take(), (Log{"SelectionChange", "Change"}));
+  ds->SetCustomRange(5);
+  ds->chkCustom().SetValue(vbChecked);
+  ds->SetCustomSelection(dtsMonths);
+  EXPECT_EQ(log.Take(),
+            (Log{"CustomRangeChange", "Change", "Change", "CustomSelectionChange", "Change"}));
+  EXPECT_EQ(Dates(), Days(2001, 2, 3, 2004, 5, 10));
 }
 
-TEST_F(DateSelectTest, RenamingAnOptionChangesOnlyItsListEntryUntilTheListIsRebuilt) {
-  ds->SetVisibleOptions(1 << dtsToday | 1 << dtsDateRange | 1 << dtsLast30days);
-  ds->Options(dtsLast30days)->SetText("Past month"); // the third entry, found by item data
-  EXPECT_EQ(Offered(), (Log{"Today", "DateRange", "Past month"}));
-  EXPECT_EQ(ds->Options(dtsLast30days)->Text(), "Last 30 days");
+TEST_F(DateSelectTest, YearAndMonthSetByAProgram) {
+  Select(dtsMonth);
+  ds->SetSelectedMonth(dtsOctobor);
+  ds->SetSelectedYear(2001);
+  EXPECT_EQ(log.Take(), (Log{"MonthChange", "Change", "YearChange", "Change"}));
+  EXPECT_EQ(Dates(), Days(2001, 10, 1, 2001, 10, 31));
+  ds->SetSelectedMonth(0); // the list takes no entry; the month before January
+  EXPECT_EQ(ds->cboMonth().ListIndex(), -1);
+  EXPECT_EQ(Dates(), Days(2000, 12, 1, 2000, 12, 31));
+  for (int32_t bad : {13, -1, INT32_MIN}) {
+    ControlError error = Raised([&] { ds->SetSelectedMonth(bad); });
+    EXPECT_EQ(error.Number(), 1001);
+    EXPECT_EQ(error.Description(), "Invalid Month Value");
+  }
+  ControlError op = Raised([&] { ds->SetOperator("!="); });
+  EXPECT_EQ(op.Number(), 1000);
+  EXPECT_EQ(op.Description(), "Invalid Operator");
 
-  ds->Options(dtsYear)->SetText("Whole year"); // not offered: nothing to rename
-  EXPECT_EQ(Offered(), (Log{"Today", "DateRange", "Past month"}));
+  // Any 16-bit year is held; the spin shows only its own years, and an option that cannot
+  // make dates for a year refuses it, changing nothing.
+  Select(dtsToday);
+  ds->SetSelectedYear(32767);
+  EXPECT_EQ(ds->SelectedYear(), 32767);
+  EXPECT_EQ(ds->spnYear().Value(), 2001);
+  EXPECT_EQ(RaisedNumber([&] { ds->SetSelection(dtsYear); }), rtOverflow);
+  EXPECT_EQ(RaisedNumber([&] { ds->SetSelection(dtsMonth); }), rtInvalidProcedureCall);
+  EXPECT_EQ(ds->Selection(), dtsToday);
+  EXPECT_EQ(Reloaded().SelectedYear(), 32767);
+  ds->SetSelectedYear(1601);
+  Select(dtsYear);
+  EXPECT_EQ(RaisedNumber([&] { ds->SetSelectedYear(1600); }), 2050);
+  EXPECT_EQ(ds->SelectedYear(), 1601);
+}
 
-  ds->SetVisibleOptions(32767);
-  EXPECT_EQ(ds->cboSelection().List(dtsLast30days), "Last 30 days");
-  EXPECT_EQ(ds->cboSelection().List(dtsYear), "Year");
+TEST_F(DateSelectTest, AppearanceReachesTheConstituentsAndHwndIsPublished) {
+  ds->SetButtonWidth(20);
+  ds->SetButtonWidth(-3); // ignored
+  ds->SetInputFormat("dd.MM.yyyy");
+  ds->SetFirstDayofWeek(vbMonday);
+  for (DatePicker* field : {&ds->dtpFrom(), &ds->dtpTo()}) {
+    EXPECT_EQ(field->ButtonWidth(), 20);
+    EXPECT_EQ(field->CustomFormat(), "dd.MM.yyyy");
+    EXPECT_EQ(field->FirstDayofWeek(), vbMonday);
+  }
+  EXPECT_EQ(ds->cboMonth().ButtonWidth(), 20);
+  EXPECT_EQ(RaisedNumber([&] { ds->SetButtonStyle(3); }), 5065);
+  // The date fields refuse a width beyond 16 bits, before any constituent takes it.
+  EXPECT_EQ(RaisedNumber([&] { ds->SetButtonWidth(40000); }), rtOverflow);
+  EXPECT_EQ(ds->spnYear().ButtonWidth(), 20);
+  EXPECT_EQ(ds->ButtonWidth(), 20);
+
+  const ClassInfo& info = DateSelect::TypeInfo();
+  const auto hwnd = std::find_if(info.properties.begin(), info.properties.end(),
+                                 [](const PropertyInfo& p) { return p.name == "hwnd"; });
+  ASSERT_NE(hwnd, info.properties.end());
+  EXPECT_EQ(hwnd->get(*ds, {}), Variant(int32_t(ds->hWnd())));
+  EXPECT_FALSE(hwnd->let);
+}
+
+TEST_F(DateSelectTest, TheControlEndsSixtyTwipsBelowTheEndFieldAndKeepsItsLeastWidth) {
+  ds->Move(10, 10, 400, 60);
+  const int32_t bottom = platform.GetWindowRect(ds->dtpTo().hWnd()).bottom -
+                         platform.ClientToScreen(ds->hWnd(), {0, 0}).y;
+  EXPECT_EQ(ds->Height(), bottom * 15 + 60);
+  EXPECT_EQ(ds->cboSelection().ScaleWidth(), 400);
+  ds->SetBackColor(RGB(10, 120, 30)); // the strip below the date fields is the control's own
+  EXPECT_EQ(platform.WindowCanvas(ds->hWnd())->GetPixel(1, ds->ScaleHeight() - 2),
+            COLORREF(RGB(10, 120, 30)));
+  ds->Move(10, 10, 40, 60);
+  EXPECT_EQ(ds->ScaleWidth(), 134); // 2000 twips
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "common/locale.hpp"
 #include "date_select_fixture.hpp"
 
 namespace tarnbrook {
@@ -13,6 +14,12 @@ protected:
   void IsoQuoted() {
     ds->SetSQLDateWrapper("'");
     ds->SetSQLDateFormat("yyyy-mm-dd");
+  }
+  void Custom(int32_t number, int32_t unit, bool includeToday) {
+    Select(dtsCustomRange);
+    ds->SetCustomSelection(unit);
+    ds->SetCustomRange(number);
+    ds->chkCustom().SetValue(includeToday ? vbChecked : vbUnchecked);
   }
 };
 
@@ -53,7 +60,7 @@ TEST_F(SqlTest, WorkedExamples) {
 TEST_F(SqlTest, PrefixWrapperAndFieldAreWrittenAsTheyStandAndTheDefaultTextCarriesATime) {
   EXPECT_EQ(ds->SQL(), " Date=5/10/2004 ");
   ds->SetSQLDateWrapper("''");
-  EXPECT_EQ(ChangedKeys(), Log{"SQLDateWrapper"});
+  EXPECT_EQ(form.ChangedKeys(Name), Log{"SQLDateWrapper"});
   EXPECT_EQ(ds->SQLCriteria(), "Date=''5/10/2004''");
   ds->SetSQLFieldName("");
   ds->SetSQLDateWrapper("");
@@ -104,11 +111,14 @@ TEST_F(SqlTest, CustomRangeTextIsComputedAfreshAndRefusesANumberThatIsNotOne) {
   }
   ds->SetCustomSelection(dtsWeeks);
   ds->txtCustomRange().SetText("3abc"); // the fields read it leniently, as 3
-  EXPECT_EQ(Range(), Days(DateSerial(2004, 4, 19), DateSerial(2004, 5, 9)));
+  EXPECT_EQ(Dates(), Days(2004, 4, 19, 2004, 5, 9));
 }
 
 TEST_F(SqlTest, TheSlashOfAFormatIsTheLocalesDateSeparator) {
-  LocaleGuard guard;
+  struct LocaleGuard {
+    Locale saved = CurrentLocale();
+    ~LocaleGuard() { SetCurrentLocale(saved); }
+  } guard;
   Locale dotted = Locale::EnglishUS();
   dotted.DateSeparator = ".";
   SetCurrentLocale(dotted);

@@ -1,6 +1,8 @@
+// The criteria run on a real database. What each option should select is worked out by
+// SQLite's own date functions from today and the first day of the week, never by the
+// library's helpers.
 #include <sqlite3.h>
 
-#include <array>
 #include <cstdio>
 #include <functional>
 
@@ -15,47 +17,111 @@ std::string Iso(DateValue date) {
   return text;
 }
 
-// An in-memory table Orders with one row per day, 2000 to 2006, as 'yyyy-mm-dd' texts.
+// An in-memory table Orders with one row per day from 2000 to 2006, as 'yyyy-mm-dd' texts.
 class OrdersDatabase {
 public:
-  static constexpr int First = 2000, Last = 2006;
-
   OrdersDatabase() {
     sqlite3_open(":memory:", &db_);
-    std::string sql = "CREATE TABLE Orders(OrderDate TEXT); INSERT INTO Orders VALUES ";
-    for (DateValue d = DateSerial(First, 1, 1); d <= DateSerial(Last, 12, 31); d += 1)
-      sql += (d == DateSerial(First, 1, 1) ? "('" : ",('") + Iso(d) + "')";
-    sqlite3_exec(db_, sql.c_str(), nullptr, nullptr, nullptr);
+    sqlite3_exec(db_,
+                 "CREATE TABLE Orders(OrderDate TEXT);"
+                 "WITH RECURSIVE d(x) AS (SELECT '2000-01-01' UNION ALL SELECT date(x, '+1 day')"
+                 " FROM d WHERE x < '2006-12-31') INSERT INTO Orders SELECT x FROM d;",
+                 nullptr, nullptr, nullptr);
   }
   ~OrdersDatabase() { sqlite3_close(db_); }
 
-  // The first row of a statement: a count, then the least and greatest date when asked for.
-  struct Rows {
-    long long count = -1;
-    std::string min, max, error;
-  };
-  Rows Query(const std::string& sql) {
-    Rows rows;
+  // The first row of `sql` as texts; ?1 is today and ?2 the first day of the week (0 Sunday,
+  // 1 Monday) where the statement uses them.
+  std::vector<std::string> Row(const std::string& sql, const std::string& today = "",
+                               int firstDay = 0) {
+    std::vector<std::string> row;
     sqlite3_stmt* statement = nullptr;
     if (sqlite3_prepare_v2(db_, sql.c_str(), -1, &statement, nullptr) != SQLITE_OK)
-      rows.error = sqlite3_errmsg(db_);
-    else if (sqlite3_step(statement) == SQLITE_ROW) {
-      rows.count = sqlite3_column_int64(statement, 0);
-      for (int column : {1, 2}) {
-        const unsigned char* text = sqlite3_column_text(statement, column);
-        (column == 1 ? rows.min : rows.max) = text ? reinterpret_cast<const char*>(text) : "";
+      return {std::string("error: ") + sqlite3_errmsg(db_)};
+    sqlite3_bind_text(statement, 1, today.c_str(), -1, SQLITE_TRANSIENT);
+    sqlite3_bind_int(statement, 2, firstDay);
+    if (sqlite3_step(statement) == SQLITE_ROW) {
+      for (int i = 0; i < sqlite3_column_count(statement); ++i) {
+        const unsigned char* text = sqlite3_column_text(statement, i);
+        row.push_back(text ? reinterpret_cast<const char*>(text) : "");
       }
     }
     sqlite3_finalize(statement);
-    return rows;
+    return row;
   }
 
 private:
   sqlite3* db_ = nullptr;
 };
 
-// Whatever the option, the day and the first day of the week, the criteria select exactly the
-// days the control shows, and SQL() is a whole statement.
+// What a case expects, in SQLite's date language: W is the first day of this week.
+struct Case {
+  std::string name;
+  std::function<void(DateSelect&)> set;
+  std::string first, last;
+};
+
+std::string Week(const std::string& expression) {
+  std::string text = expression;
+  const std::string week = "date(?1, '-' || ((strftime('%w', ?1) + 7 - ?2) % 7) || ' days')";
+  for (size_t at = text.find('W'); at != std::string::npos; at = text.find('W', at + 1))
+    text.replace(at, 1, week);
+  return text;
+}
+
+std::vector<Case> Cases() {
+  auto option = [](int32_t o) { return [o](DateSelect& d) { d.SetSelection(o); }; };
+  std::vector<Case> cases = {
+      {"today", option(dtsToday), "?1", "?1"},
+      {"last 7 days", option(dtsLast7days), "date(?1, '-6 days')", "?1"},
+      {"last 30 days", option(dtsLast30days), "date(?1, '-29 days')", "?1"},
+      {"this week", option(dtsThisWeekTillToday), "W", "?1"},
+      {"this month", option(dtsThisMonthTillToday), "date(?1, 'start of month')", "?1"},
+      {"this year", option(dtsThisYearTillToday), "date(?1, 'start of year')", "?1"},
+      {"last week", option(dtsLastWeek), "date(W, '-7 days')", "date(W, '-1 day')"},
+      {"last month", option(dtsLastMonth), "date(?1, 'start of month', '-1 month')",
+       "date(?1, 'start of month', '-1 day')"},
+      {"last year", option(dtsLastYear), "date(?1, 'start of year', '-1 year')",
+       "date(?1, 'start of year', '-1 day')"},
+      {"month 2/2004",
+       [](DateSelect& d) {
+         d.SetSelection(dtsMonth), d.SetSelectedYear(2004), d.SetSelectedMonth(2);
+       },
+       "'2004-02-01'", "date('2004-02-01', '+1 month', '-1 day')"},
+      {"month 12/2003",
+       [](DateSelect& d) {
+         d.SetSelection(dtsMonth), d.SetSelectedYear(2003), d.SetSelectedMonth(12);
+       },
+       "'2003-12-01'", "'2003-12-31'"},
+      {"year 2000", [](DateSelect& d) { d.SetSelection(dtsYear), d.SetSelectedYear(2000); },
+       "'2000-01-01'", "'2000-12-31'"},
+  };
+  const char* units[] = {"Days", "Weeks", "Months", "Years"};
+  for (int32_t unit = dtsDays; unit <= dtsYears; ++unit) {
+    for (int number : {1, 3}) {
+      for (bool today : {false, true}) {
+        const std::string n = std::to_string(number);
+        const std::string first[] = {"date(?1, '-" + n + " days')",
+                                     "date(W, '-" + std::to_string(7 * number - 1) + " days')",
+                                     "date(?1, 'start of month', '-" + n + " months')",
+                                     "date(?1, 'start of year', '-" + n + " years')"};
+        const std::string last[] = {"date(?1, '-1 day')", "W",
+                                    "date(?1, 'start of month', '-1 day')",
+                                    "date(?1, 'start of year', '-1 day')"};
+        cases.push_back({"custom " + n + " " + units[unit] + (today ? " and today" : ""),
+                         [=](DateSelect& d) {
+                           d.SetSelection(dtsCustomRange);
+                           d.chkCustom().SetValue(today ? vbChecked : vbUnchecked);
+                           d.SetCustomSelection(unit);
+                           d.SetCustomRange(number);
+                         },
+                         first[unit], today ? "?1" : last[unit]});
+      }
+    }
+  }
+  return cases;
+}
+
 class SqliteTest : public DateSelectTest {
 protected:
   SqliteTest() {
@@ -65,109 +131,66 @@ protected:
     ds->SetSQLPrefix("SELECT COUNT(*) FROM Orders WHERE");
   }
 
-  // The rows must be the days from `start` to `end`, with either way of writing a range.
-  void ExpectDays(DateValue start, DateValue end) {
-    ASSERT_LE(start, end);
-    ASSERT_GE(start, first);
-    ASSERT_LE(end, last);
+  // The case's days by SQLite, the control's dates, and the rows its criteria select, with
+  // either way of writing a range.
+  void Check(const Case& c, const std::string& today, int firstDay) {
+    SCOPED_TRACE(c.name);
+    c.set(*ds);
+    const auto expected = db.Row("SELECT " + Week(c.first) + ", " + Week(c.last) + ", julianday(" +
+                                     Week(c.last) + ") - julianday(" + Week(c.first) + ") + 1",
+                                 today, firstDay);
+    ASSERT_EQ(expected.size(), 3u) << expected.at(0);
+    EXPECT_EQ(Iso(ds->StartDate()), expected[0]);
+    if (c.name != "today") { // Today leaves the end date where it was
+      EXPECT_EQ(Iso(ds->EndDate()), expected[1]);
+    }
     for (bool between : {true, false}) {
       ds->SetSQLUseBETWEEN(between);
       const std::string criteria = ds->SQLCriteria();
-      SCOPED_TRACE(criteria);
-      const OrdersDatabase::Rows rows =
-          db.Query("SELECT COUNT(*), MIN(OrderDate), MAX(OrderDate) FROM Orders WHERE " + criteria);
-      EXPECT_EQ(rows.error, "");
-      EXPECT_EQ(rows.count, static_cast<long long>(end - start) + 1);
-      EXPECT_EQ(rows.min, Iso(start));
-      EXPECT_EQ(rows.max, Iso(end));
-      EXPECT_EQ(db.Query(ds->SQL()).count, rows.count);
+      const auto rows =
+          db.Row("SELECT COUNT(*), MIN(OrderDate), MAX(OrderDate) FROM Orders WHERE " + criteria);
+      EXPECT_EQ(rows, (std::vector<std::string>{expected[2].substr(0, expected[2].find('.')),
+                                                expected[0], expected[1]}))
+          << criteria;
+      EXPECT_EQ(db.Row(ds->SQL()).at(0), rows.at(0));
       ++checked;
-    }
-  }
-  void ExpectShownDays() { ExpectDays(ds->StartDate(), ds->EndDate()); }
-  void ExpectCount(long long expected) {
-    const OrdersDatabase::Rows rows = db.Query(ds->SQL());
-    EXPECT_EQ(rows.error, "") << ds->SQL();
-    EXPECT_EQ(rows.count, expected) << ds->SQL();
-    ++checked;
-  }
-
-  void EveryOption() {
-    Select(dtsToday);
-    const DateValue now = platform.Now();
-    ExpectDays(DateSerial(Year(now), Month(now), Day(now)),
-               DateSerial(Year(now), Month(now), Day(now)));
-    Select(dtsDate);
-    ds->SetStartDate(DateSerial(2003, 7, 4));
-    ExpectDays(DateSerial(2003, 7, 4), DateSerial(2003, 7, 4));
-    Select(dtsDateRange);
-    ds->SetStartDate(DateSerial(2003, 2, 27));
-    ds->SetEndDate(DateSerial(2003, 3, 2));
-    ExpectShownDays();
-    for (int32_t option = dtsLast7days; option <= dtsLastYear; ++option) {
-      SCOPED_TRACE(testing::Message() << "option " << option);
-      Select(option);
-      ExpectShownDays();
-    }
-    for (int32_t unit : {dtsDays, dtsWeeks, dtsMonths, dtsYears}) {
-      for (int32_t number : {1, 3}) {
-        for (bool includeToday : {false, true}) {
-          SCOPED_TRACE(testing::Message() << "custom " << number << " of unit " << unit
-                                          << (includeToday ? " and today" : ""));
-          Custom(number, unit, includeToday);
-          ExpectShownDays();
-        }
-      }
-    }
-    Select(dtsExpression);
-    const DateValue leap = DateSerial(2004, 2, 29);
-    ds->SetStartDate(leap);
-    const long long before = static_cast<long long>(leap - first);
-    const long long after = static_cast<long long>(last - leap);
-    const std::vector<std::pair<std::string, long long>> operators = {
-        {"=", 1},      {">", after},       {">=", after + 1},
-        {"<", before}, {"<=", before + 1}, {"<>", static_cast<long long>(last - first)}};
-    for (const auto& [op, count] : operators) {
-      ds->SetOperator(op);
-      ExpectCount(count);
-    }
-    Select(dtsMonth);
-    for (const auto& [month, year] :
-         std::vector<std::pair<int, int>>{{2, 2004}, {12, 2003}, {1, 2005}}) {
-      SCOPED_TRACE(testing::Message() << "month " << month << "/" << year);
-      ds->SetSelectedYear(int16_t(year));
-      ds->SetSelectedMonth(month);
-      ExpectShownDays();
-    }
-    Select(dtsYear);
-    for (int16_t year : {2000, 2004, 2006}) {
-      ds->SetSelectedYear(year);
-      ExpectShownDays();
     }
   }
 
   OrdersDatabase db;
-  const DateValue first = DateSerial(OrdersDatabase::First, 1, 1);
-  const DateValue last = DateSerial(OrdersDatabase::Last, 12, 31);
   int checked = 0;
 };
 
-TEST_F(SqliteTest, CriteriaSelectExactlyTheShownDaysOnAnyDayWithWeeksFromSundayOrMonday) {
-  const std::vector<std::array<int, 3>> days = {
-      {2004, 5, 10},                                                             // a Monday
-      {2004, 1, 1},  {2004, 12, 31}, {2004, 2, 29}, {2004, 3, 1}, {2004, 8, 15}, // a Sunday
-      {2004, 5, 15},                                                             // a Saturday
-  };
-  for (const auto& [year, month, day] : days) {
+TEST_F(SqliteTest, CriteriaSelectExactlyTheDaysOfEachOptionOnAnyDay) {
+  const std::vector<Case> cases = Cases();
+  const char* todays[] = {"2004-05-10", "2004-01-01", "2004-12-31", "2004-02-29",
+                          "2004-03-01", "2004-08-15", "2004-05-15"}; // Mon, ..., Sun, Sat
+  for (const char* today : todays) {
     for (int firstDay : {vbUseSystemDayOfWeek, vbMonday}) {
-      SCOPED_TRACE(testing::Message()
-                   << "today " << year << "-" << month << "-" << day << ", first day " << firstDay);
-      SetToday(year, month, day);
+      SCOPED_TRACE(testing::Message() << "today " << today << ", first day " << firstDay);
+      SetToday(std::atoi(today), std::atoi(today + 5), std::atoi(today + 8));
       ds->SetFirstDayofWeek(firstDay);
-      EveryOption();
+      for (const Case& c : cases)
+        Check(c, today, firstDay == vbMonday ? 1 : 0);
     }
   }
-  EXPECT_EQ(checked, 7 * 2 * 72); // no case stopped early
+  EXPECT_EQ(checked, 7 * 2 * int(cases.size()) * 2);
+}
+
+// Dates the user enters, and the operators, against SQLite's own comparison of a bound date.
+TEST_F(SqliteTest, EnteredDatesAndEveryOperator) {
+  Select(dtsDateRange);
+  ds->SetStartDate(DateSerial(2003, 2, 27));
+  ds->SetEndDate(DateSerial(2003, 3, 2));
+  EXPECT_EQ(db.Row(ds->SQL()).at(0), "4");
+  Select(dtsExpression);
+  ds->SetStartDate(DateSerial(2004, 2, 29));
+  for (const char* op : {"=", ">", ">=", "<", "<=", "<>"}) {
+    ds->SetOperator(op);
+    const std::string bound =
+        std::string("SELECT COUNT(*) FROM Orders WHERE OrderDate ") + op + " ?1 AND ?2 = ?2";
+    EXPECT_EQ(db.Row(ds->SQL()), db.Row(bound, "2004-02-29")) << op;
+  }
 }
 
 } // namespace
