@@ -10,6 +10,7 @@
 #include "dateselect/date_select.hpp"
 #include "host/container.hpp"
 #include "host/control_registry.hpp"
+#include "host/type_info.hpp"
 #include "platform/memory/memory_platform.hpp"
 #include "tests/support/raised.hpp"
 
@@ -18,21 +19,10 @@ namespace tarnbrook {
 using Log = std::vector<std::string>;
 using Range = std::pair<DateValue, DateValue>;
 
-// Logs the control's events by name, in the order they come.
-class DateSelectLog : public DateSelectEvents {
-public:
+// The control's events by name, in the order they come.
+struct EventLog {
   Log events;
   Log Take() { return std::exchange(events, {}); }
-
-  void Change() override { events.push_back("Change"); }
-  void OperatorChange() override { events.push_back("OperatorChange"); }
-  void StartDateChange() override { events.push_back("StartDateChange"); }
-  void EndDateChange() override { events.push_back("EndDateChange"); }
-  void YearChange() override { events.push_back("YearChange"); }
-  void MonthChange() override { events.push_back("MonthChange"); }
-  void SelectionChange() override { events.push_back("SelectionChange"); }
-  void CustomRangeChange() override { events.push_back("CustomRangeChange"); }
-  void CustomSelectionChange() override { events.push_back("CustomSelectionChange"); }
 };
 
 inline Range Days(int y1, int m1, int d1, int y2, int m2, int d2) {
@@ -53,7 +43,9 @@ protected:
         [this](const std::string&, const ControlError& e) { reported.push_back(e.Number()); });
     ds = &static_cast<DateSelect&>(
         form.Add(std::make_unique<DateSelect>(form.hWnd()), Name, 10, 10, 320, 60));
-    ds->Connect(&log);
+    events = DateSelect::TypeInfo().connect(
+        *ds,
+        [this](const std::string& event, std::vector<Variant>&) { log.events.push_back(event); });
     form.ClearChangedKeys();
   }
 
@@ -111,7 +103,8 @@ protected:
   MemoryPlatform platform;
   Container form;
   DateSelect* ds = nullptr;
-  DateSelectLog log;
+  EventLog log;
+  EventConnection events;
   std::vector<int> reported;
   std::unique_ptr<Container> reloaded;
 };

@@ -13,26 +13,21 @@ Log Offered(DateSelect& ds) {
   return texts;
 }
 
-TEST_F(DateSelectTest, VisibleOptionsOffersTheSetBitsInOptionOrder) {
+TEST_F(DateSelectTest, OfferedOptionsAndTheCurrentOne) {
   EXPECT_EQ(Offered(*ds).size(), 15u);
-  EXPECT_EQ(Offered(*ds)[11], "Custom Range");
   ds->SetVisibleOptions(1 << dtsYear | 1 << dtsDate | 1 << dtsLastMonth | 1 << 15 | 1 << 20);
   EXPECT_EQ(Offered(*ds), (Log{"Date", "Last Month", "Year"}));
   EXPECT_EQ(ds->cboSelection().ItemData(2), dtsYear);
   EXPECT_EQ(ds->VisibleOptions(), 1 << dtsYear | 1 << dtsDate | 1 << dtsLastMonth);
   ds->SetVisibleOptions(16777215);
   EXPECT_EQ(ds->VisibleOptions(), 32767);
-}
 
-TEST_F(DateSelectTest, ASelectionNotOfferedFallsBackAndOneOutsideTheOptionsIsRefused) {
   ds->SetVisibleOptions(5); // Today and DateRange
   Select(dtsDateRange);
-  ds->SetSelection(dtsDate);
+  ds->SetSelection(dtsDate); // not offered: the first offered
   EXPECT_EQ(ds->Selection(), dtsToday);
-  EXPECT_EQ(log.Take(), (Log{"SelectionChange", "Change"}));
   ds->SetSelection(15); // one past the options is let in
-  EXPECT_EQ(ds->Selection(), dtsToday);
-  log.Take();
+  EXPECT_EQ(log.Take(), (Log{"SelectionChange", "Change", "SelectionChange", "Change"}));
   for (int32_t bad : {-1, 16}) {
     ControlError error = Raised([&] { ds->SetSelection(bad); });
     EXPECT_EQ(error.Number(), 5055);
@@ -63,90 +58,30 @@ TEST_F(DateSelectTest, OneOptionObjectServesEveryIndex) {
     EXPECT_EQ(RaisedNumber([&] { ds->Options(bad); }), rtSubscriptOutOfRange);
 }
 
-// The week's first day, the month's and the year's, from either first day of the week.
-TEST_F(DateSelectTest, RangesOnTheFirstDaysOfWeekMonthAndYear) {
-  struct Case {
-    int y, m, d, firstDay;
-    int32_t option;
-    Range dates;
-  };
-  const Case cases[] = {
-      {2004, 5, 9, vbSunday, dtsThisWeekTillToday, Days(2004, 5, 9, 2004, 5, 9)},
-      {2004, 5, 9, vbSunday, dtsLastWeek, Days(2004, 5, 2, 2004, 5, 8)},
-      {2004, 5, 10, vbMonday, dtsLastWeek, Days(2004, 5, 3, 2004, 5, 9)},
-      {2004, 5, 10, vbSaturday, dtsThisWeekTillToday, Days(2004, 5, 8, 2004, 5, 10)},
-      {2004, 3, 1, 0, dtsThisMonthTillToday, Days(2004, 3, 1, 2004, 3, 1)},
-      {2004, 3, 1, 0, dtsLastMonth, Days(2004, 2, 1, 2004, 2, 29)},
-      {2004, 1, 15, 0, dtsLastMonth, Days(2003, 12, 1, 2003, 12, 31)},
-      {2004, 1, 1, 0, dtsThisYearTillToday, Days(2004, 1, 1, 2004, 1, 1)},
-      {2004, 1, 1, 0, dtsLastYear, Days(2003, 1, 1, 2003, 12, 31)},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.y << "-" << c.m << "-" << c.d << " option " << c.option);
-    SetToday(c.y, c.m, c.d);
-    ds->SetFirstDayofWeek(c.firstDay);
-    Select(c.option);
-    EXPECT_EQ(Dates(), c.dates);
-  }
-  EXPECT_EQ(ds->SelectedYear(), 2003); // Last Month and Last Year took theirs
-  EXPECT_EQ(ds->cboMonth().Text(), "December");
-}
-
-TEST_F(DateSelectTest, CustomRangesEndYesterdayOrTodayAndWeeksKeepTheirOneDayShift) {
-  struct Case {
-    int32_t number, unit;
-    bool today;
-    Range dates;
-  };
-  const Case cases[] = {
-      {3, dtsDays, false, Days(2004, 5, 7, 2004, 5, 9)},
-      {3, dtsDays, true, Days(2004, 5, 7, 2004, 5, 10)},
-      {1, dtsWeeks, false, Days(2004, 5, 3, 2004, 5, 9)}, // ends on this week's first day
-      {2, dtsWeeks, false, Days(2004, 4, 26, 2004, 5, 9)},
-      {3, dtsMonths, true, Days(2004, 2, 1, 2004, 5, 10)},
-      {2, dtsYears, false, Days(2002, 1, 1, 2003, 12, 31)},
-  };
-  Select(dtsCustomRange);
-  for (const Case& c : cases) {
-    ds->chkCustom().SetValue(c.today ? vbChecked : vbUnchecked);
-    ds->SetCustomSelection(c.unit);
-    ds->SetCustomRange(c.number);
-    EXPECT_EQ(Dates(), c.dates) << c.number << " of unit " << c.unit;
-  }
-  EXPECT_EQ(log.Take().back(), "Change");
-  ds->txtCustomRange().SetText("2.5");
-  EXPECT_EQ(ds->CustomRange(), 2); // rounded half to even
-  ds->txtCustomRange().SetText("1e12");
-  EXPECT_EQ(RaisedNumber([&] { ds->CustomRange(); }), rtOverflow);
-
-  // A range the fields cannot show is refused with their error, before anything changes.
+// A program's custom range: what it reads, what it refuses before anything changes, and
+// that it moves the dates only while it is the current option.
+TEST_F(DateSelectTest, CustomRangeSetByAProgram) {
+  ds->SetCustomSelection(dtsYears);
   ds->SetCustomRange(3);
-  log.Take();
+  ds->chkCustom().SetValue(vbChecked);
+  EXPECT_EQ(log.Take(),
+            (Log{"CustomSelectionChange", "Change", "CustomRangeChange", "Change", "Change"}));
+  EXPECT_EQ(Dates(), Days(2004, 5, 10, 2004, 5, 10)); // Today's, not the custom range's
+  ds->chkCustom().SetValue(vbUnchecked);
+  Select(dtsCustomRange);
+  EXPECT_EQ(Dates(), Days(2001, 1, 1, 2003, 12, 31));
   EXPECT_EQ(RaisedNumber([&] { ds->SetCustomRange(500); }), 2050); // 1504: not in the fields
   EXPECT_EQ(RaisedNumber([&] { ds->SetCustomRange(999999999); }), rtInvalidProcedureCall);
   EXPECT_EQ(log.Take(), Log{});
   EXPECT_EQ(ds->CustomRange(), 3);
-  EXPECT_EQ(Dates(), Days(2001, 1, 1, 2003, 12, 31));
-
-  // No unit: the range keeps the dates, the SQL writes them.
-  ds->SetCustomSelection(-1);
-  EXPECT_EQ(Dates(), Days(2001, 1, 1, 2003, 12, 31));
+  ds->SetCustomSelection(-1); // no unit: the dates stay, and the SQL writes them
   EXPECT_EQ(ds->SQLCriteria(), "Date BETWEEN 1/1/2001 AND 12/31/2003");
   EXPECT_NE(RaisedNumber([&] { ds->SetCustomSelection(4); }), 0);
   EXPECT_EQ(ds->CustomSelection(), -1);
-}
-
-// The custom inputs move the dates only while the custom range is the option.
-TEST_F(DateSelectTest, CustomInputsLeaveTheDatesOfOtherOptions) {
-  Select(dtsDateRange);
-  ds->SetStartDate(DateSerial(2001, 2, 3));
-  log.Take();
-  ds->SetCustomRange(5);
-  ds->chkCustom().SetValue(vbChecked);
-  ds->SetCustomSelection(dtsMonths);
-  EXPECT_EQ(log.Take(),
-            (Log{"CustomRangeChange", "Change", "Change", "CustomSelectionChange", "Change"}));
-  EXPECT_EQ(Dates(), Days(2001, 2, 3, 2004, 5, 10));
+  ds->txtCustomRange().SetText("2.5");
+  EXPECT_EQ(ds->CustomRange(), 2); // rounded half to even
+  ds->txtCustomRange().SetText("1e12");
+  EXPECT_EQ(RaisedNumber([&] { ds->CustomRange(); }), rtOverflow);
 }
 
 TEST_F(DateSelectTest, YearAndMonthSetByAProgram) {

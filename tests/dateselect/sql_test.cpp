@@ -4,29 +4,18 @@
 namespace tarnbrook {
 namespace {
 
-class SqlTest : public DateSelectTest {
-protected:
-  void OrderDateHashes() {
-    ds->SetSQLFieldName("OrderDate");
-    ds->SetSQLDateWrapper("#");
-    ds->SetSQLDateFormat("mm/dd/yyyy");
-  }
-  void IsoQuoted() {
-    ds->SetSQLDateWrapper("'");
-    ds->SetSQLDateFormat("yyyy-mm-dd");
-  }
-  void Custom(int32_t number, int32_t unit, bool includeToday) {
-    Select(dtsCustomRange);
-    ds->SetCustomSelection(unit);
-    ds->SetCustomRange(number);
-    ds->chkCustom().SetValue(includeToday ? vbChecked : vbUnchecked);
-  }
-};
-
-// Each example as it is written down, one after the other on the same control.
-TEST_F(SqlTest, WorkedExamples) {
+// The worked examples, one after the other on the same control: field, wrapper and format
+// as each states them.
+TEST_F(DateSelectTest, SqlWorkedExamples) {
+  auto shape = [&](const char* field, const char* wrapper, const char* format, bool between) {
+    ds->SetSQLFieldName(field);
+    ds->SetSQLDateWrapper(wrapper);
+    ds->SetSQLDateFormat(format);
+    ds->SetSQLUseBETWEEN(between);
+  };
   EXPECT_EQ(ds->SQLCriteria(), "Date=5/10/2004");
-  OrderDateHashes();
+  EXPECT_EQ(ds->SQL(), " Date=5/10/2004 ");
+  shape("OrderDate", "#", "mm/dd/yyyy", true);
   Select(dtsLast7days);
   EXPECT_EQ(ds->SQLCriteria(), "OrderDate BETWEEN #05/04/2004# AND #05/10/2004#");
   ds->SetSQLUseBETWEEN(false);
@@ -36,36 +25,33 @@ TEST_F(SqlTest, WorkedExamples) {
   ds->SetStartDate(DateSerial(2004, 1, 1));
   EXPECT_EQ(ds->SQLCriteria(), "OrderDate<>#01/01/2004#");
 
-  ds->SetSQLFieldName("Date");
-  ds->SetSQLUseBETWEEN(true);
-  IsoQuoted();
+  shape("Date", "'", "yyyy-mm-dd", true);
   Select(dtsMonth);
   ds->SetSelectedMonth(2);
-  ds->SetSelectedYear(2004);
   EXPECT_EQ(ds->SQLCriteria(), "Date BETWEEN '2004-02-01' AND '2004-02-29'");
   Select(dtsThisWeekTillToday);
   EXPECT_EQ(ds->SQLCriteria(), "Date BETWEEN '2004-05-09' AND '2004-05-10'");
-  Custom(2, dtsWeeks, false);
+  Select(dtsCustomRange);
+  ds->SetCustomSelection(dtsWeeks);
+  ds->SetCustomRange(2);
   EXPECT_EQ(ds->SQLCriteria(), "Date BETWEEN '2004-04-26' AND '2004-05-09'");
-  Custom(3, dtsDays, true);
+  ds->SetCustomSelection(dtsDays);
+  ds->SetCustomRange(3);
+  ds->chkCustom().SetValue(vbChecked);
   EXPECT_EQ(ds->SQLCriteria(), "Date BETWEEN '2004-05-07' AND '2004-05-10'");
 
   ds->SetSQLPrefix("SELECT * FROM Orders WHERE");
-  OrderDateHashes();
+  shape("OrderDate", "#", "mm/dd/yyyy", true);
   Select(dtsLastYear);
   EXPECT_EQ(ds->SQL(),
             "SELECT * FROM Orders WHERE OrderDate BETWEEN #01/01/2003# AND #12/31/2003# ");
 }
 
-TEST_F(SqlTest, PrefixWrapperAndFieldAreWrittenAsTheyStandAndTheDefaultTextCarriesATime) {
-  EXPECT_EQ(ds->SQL(), " Date=5/10/2004 ");
-  ds->SetSQLDateWrapper("''");
-  EXPECT_EQ(form.ChangedKeys(Name), Log{"SQLDateWrapper"});
-  EXPECT_EQ(ds->SQLCriteria(), "Date=''5/10/2004''");
+TEST_F(DateSelectTest, SqlTextIsWrittenAsItStandsAndCarriesATimeAndTheLocalesSeparator) {
   ds->SetSQLFieldName("");
+  ds->SetSQLDateWrapper("''");
+  EXPECT_EQ(ds->SQLCriteria(), "=''5/10/2004''");
   ds->SetSQLDateWrapper("");
-  EXPECT_EQ(ds->SQLCriteria(), "=5/10/2004");
-
   ds->SetSQLFieldName("[Order Date]");
   ds->SetInputFormat("M/d/yyyy h:mm:ss tt");
   Select(dtsDate);
@@ -73,58 +59,41 @@ TEST_F(SqlTest, PrefixWrapperAndFieldAreWrittenAsTheyStandAndTheDefaultTextCarri
   EXPECT_EQ(ds->SQLCriteria(), "[Order Date]=5/10/2004 2:30:05 PM");
   ds->SetSQLDateFormat("yyyy-mm-dd hh:nn:ss");
   EXPECT_EQ(ds->SQLCriteria(), "[Order Date]=2004-05-10 14:30:05");
-}
 
-TEST_F(SqlTest, MonthAndYearTextComesFromTheHeldMonthAndYearAndDecemberEndsOnTheLastDay) {
-  IsoQuoted();
-  ds->SetSQLUseBETWEEN(false);
-  Select(dtsMonth);
-  ds->SetSelectedYear(2003);
-  ds->SetSelectedMonth(12);
-  EXPECT_EQ(ds->SQLCriteria(), "Date>='2003-12-01' AND Date<='2003-12-31'");
-
-  ds->SetSQLUseBETWEEN(true);
-  SetToday(2004, 1, 15);
-  Select(dtsLastMonth);
-  SetToday(2004, 8, 20); // the text keeps the month set when the option was applied
-  EXPECT_EQ(ds->SQLCriteria(), "Date BETWEEN '2003-12-01' AND '2003-12-31'");
-  Select(dtsLastYear);
-  EXPECT_EQ(ds->SQLCriteria(), "Date BETWEEN '2003-01-01' AND '2003-12-31'");
-}
-
-TEST_F(SqlTest, CustomRangeTextIsComputedAfreshAndRefusesANumberThatIsNotOne) {
-  IsoQuoted();
-  Custom(3, dtsDays, false);
-  SetToday(2004, 5, 12);
-  EXPECT_EQ(ds->StartDate(), DateSerial(2004, 5, 7)); // the fields wait for the next apply
-  EXPECT_EQ(ds->SQLCriteria(), "Date BETWEEN '2004-05-09' AND '2004-05-11'");
-  SetToday(2004, 5, 10);
-
-  for (const char* text : {"abc", "", "3abc"}) {
-    for (int32_t unit : {dtsDays, dtsWeeks, dtsMonths, dtsYears}) {
-      SCOPED_TRACE(testing::Message() << '"' << text << "\" unit " << unit);
-      ds->SetCustomSelection(unit);
-      ds->txtCustomRange().SetText(text);
-      EXPECT_EQ(RaisedNumber([&] { ds->SQLCriteria(); }), rtTypeMismatch);
-      EXPECT_EQ(RaisedNumber([&] { ds->SQL(); }), rtTypeMismatch);
-    }
-  }
-  ds->SetCustomSelection(dtsWeeks);
-  ds->txtCustomRange().SetText("3abc"); // the fields read it leniently, as 3
-  EXPECT_EQ(Dates(), Days(2004, 4, 19, 2004, 5, 9));
-}
-
-TEST_F(SqlTest, TheSlashOfAFormatIsTheLocalesDateSeparator) {
-  struct LocaleGuard {
-    Locale saved = CurrentLocale();
-    ~LocaleGuard() { SetCurrentLocale(saved); }
-  } guard;
+  const Locale saved = CurrentLocale();
   Locale dotted = Locale::EnglishUS();
   dotted.DateSeparator = ".";
   SetCurrentLocale(dotted);
-  OrderDateHashes();
-  Select(dtsLast7days);
-  EXPECT_EQ(ds->SQLCriteria(), "OrderDate BETWEEN #05.04.2004# AND #05.10.2004#");
+  ds->SetSQLDateFormat("mm/dd/yyyy");
+  EXPECT_EQ(ds->SQLCriteria(), "[Order Date]=05.10.2004");
+  SetCurrentLocale(saved);
+}
+
+// Month and Year write the held month and year, Last Month those of the day it was applied;
+// the custom range is computed afresh and strictly.
+TEST_F(DateSelectTest, SqlOfHeldValuesAndOfTheCustomRangeComputedAfresh) {
+  ds->SetSQLDateFormat("yyyy-mm-dd");
+  Select(dtsMonth);
+  ds->SetSelectedMonth(12);
+  ds->SetSelectedYear(2003);
+  EXPECT_EQ(ds->SQLCriteria(), "Date BETWEEN 2003-12-01 AND 2003-12-31");
+  SetToday(2004, 1, 15);
+  Select(dtsLastMonth);
+  SetToday(2004, 8, 20);
+  EXPECT_EQ(ds->SQLCriteria(), "Date BETWEEN 2003-12-01 AND 2003-12-31");
+
+  Select(dtsCustomRange);
+  ds->SetCustomRange(3);
+  SetToday(2004, 8, 22);
+  EXPECT_EQ(ds->StartDate(), DateSerial(2004, 8, 17)); // the fields wait for the next apply
+  EXPECT_EQ(ds->SQLCriteria(), "Date BETWEEN 2004-08-19 AND 2004-08-21");
+  for (const char* text : {"abc", "", "3abc"}) {
+    for (int32_t unit : {dtsDays, dtsWeeks, dtsMonths, dtsYears}) {
+      ds->SetCustomSelection(unit);
+      ds->txtCustomRange().SetText(text);
+      EXPECT_EQ(RaisedNumber([&] { ds->SQL(); }), rtTypeMismatch) << text << " " << unit;
+    }
+  }
 }
 
 } // namespace
