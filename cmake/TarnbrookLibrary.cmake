@@ -39,7 +39,8 @@ function(tarnbrook_tests folder)
   add_executable(test_${folder} ${sources})
   target_link_libraries(test_${folder} PRIVATE ${ARG_LINKS} GTest::gtest GTest::gtest_main)
   target_compile_definitions(test_${folder} PRIVATE
-    TARNBROOK_TEST_OUTPUT="${PROJECT_BINARY_DIR}/test-output")
+    TARNBROOK_TEST_OUTPUT="${PROJECT_BINARY_DIR}/test-output"
+    TARNBROOK_TEST_SOURCE="${CMAKE_CURRENT_SOURCE_DIR}/${folder}")
   include(GoogleTest)
   gtest_discover_tests(test_${folder} DISCOVERY_TIMEOUT 60)
 endfunction()
