@@ -38,7 +38,11 @@ DateSelect::DateSelect(HWND parent) : Control(parent), option_(std::make_shared<
   for (int32_t i = 0; i < OptionCount; ++i)
     records_[i] = {i, DefaultTexts[i], true};
   records_[LastRecord] = {LastRecord, "", false};
-  option_->Connect(this);
+  optionRelay_.textChange = [this](int32_t index, const std::string& text) {
+    OptionRenamed(index, text);
+  };
+  optionRelay_.visibleChange = [this](int32_t index, bool visible) { OptionShown(index, visible); };
+  option_->Connect(&optionRelay_);
   CreateConstituents();
   ShowToday();
   ConnectConstituents();
@@ -60,7 +64,7 @@ void DateSelect::ShowToday() {
 }
 
 DateSelect::~DateSelect() {
-  option_->Disconnect(this);
+  option_->Disconnect(&optionRelay_);
 }
 
 int32_t DateSelect::VisibleOptions() const {
@@ -128,14 +132,14 @@ void DateSelect::RebuildOptionList() {
   });
 }
 
-void DateSelect::VisibleChange(int32_t index, bool visible) {
+void DateSelect::OptionShown(int32_t index, bool visible) {
   records_[index].visible = visible;
   RebuildOptionList();
   SetSelection(selection_);
 }
 
 // Renames the entry only: the record keeps its text, and the next rebuild shows it again.
-void DateSelect::TextChange(int32_t index, const std::string& text) {
+void DateSelect::OptionRenamed(int32_t index, const std::string& text) {
   if (!records_[index].visible)
     return;
   if (const int32_t entry = ListEntryOf(index); entry >= 0)

@@ -81,10 +81,7 @@ enum DateSelectEventId {
 // Picks a date or a date range by a named option ("Today", "Last Month", "Custom Range" ...),
 // computes its start and end, and writes SQL criteria for them. Built from constituent
 // controls: an option list, two date fields, month, year, operator and custom range inputs.
-class DateSelect : public Control,
-                   private CdtsOptionEvents,
-                   private TextBoxEvents,
-                   private CheckBoxEvents {
+class DateSelect : public Control {
 public:
   static constexpr int32_t OptionCount = 15;
   static constexpr int32_t MinWidthTwips = 2000;
@@ -217,13 +214,31 @@ private:
     void Change() override { change(); }
     void Typed() override { typed(); }
   };
+  struct TextRelay : TextBoxEvents {
+    std::function<void()> change, gotFocus, lostFocus;
+    std::function<void(bool&)> validate;
+    void Change() override { change(); }
+    void Validate(bool& Cancel) override { validate(Cancel); }
+    void GotFocus() override { gotFocus(); }
+    void LostFocus() override { lostFocus(); }
+  };
+  struct CheckRelay : CheckBoxEvents {
+    std::function<void()> click;
+    void Click() override { click(); }
+  };
+  struct OptionRelay : CdtsOptionEvents {
+    std::function<void(int32_t, const std::string&)> textChange;
+    std::function<void(int32_t, bool)> visibleChange;
+    void TextChange(int32_t Index, const std::string& Text) override { textChange(Index, Text); }
+    void VisibleChange(int32_t Index, bool Visible) override { visibleChange(Index, Visible); }
+  };
 
   // Options (date_select.cpp).
   void ShowToday();
   int32_t ListEntryOf(int32_t option) const;
   void RebuildOptionList();
-  void TextChange(int32_t index, const std::string& text) override;
-  void VisibleChange(int32_t index, bool visible) override;
+  void OptionRenamed(int32_t index, const std::string& text);
+  void OptionShown(int32_t index, bool visible);
 
   // Ranges (date_select_range.cpp).
   RangeInputs Inputs() const;
@@ -256,11 +271,9 @@ private:
   void FromChanged();
   void ToChanged();
   void SpinChanged();
-  void Change() override; // txtCustomRange
-  void Validate(bool& Cancel) override;
-  void GotFocus() override;
-  void LostFocus() override;
-  void Click() override; // chkCustom
+  void CustomNumberValidate(bool& cancel);
+  void CustomNumberGotFocus();
+  void CustomNumberLostFocus();
   void RaiseWithChange(void (DateSelectEvents::*event)());
   template <class Action> void Quietly(Action action);
   template <class Action, class Undo> void Take(Action action, Undo undo);
@@ -279,6 +292,9 @@ private:
   ListRelay selectionRelay_, operatorRelay_, monthRelay_, customChoiceRelay_;
   PickerRelay fromRelay_, toRelay_;
   SpinRelay yearRelay_;
+  TextRelay customNumberRelay_;
+  CheckRelay includeTodayRelay_;
+  OptionRelay optionRelay_;
   int quiet_ = 0;       // constituents being set by the control itself: their events are its own
   bool laying_ = false; // the control is setting its own height
 

@@ -16,6 +16,11 @@ void DateSelect::ConnectConstituents() {
   toRelay_.change = [this] { ToChanged(); };
   yearRelay_.change = [this] { SpinChanged(); };
   yearRelay_.typed = [this] { SpinChanged(); };
+  customNumberRelay_.change = [this] { CustomInputChanged(&DateSelectEvents::CustomRangeChange); };
+  customNumberRelay_.validate = [this](bool& cancel) { CustomNumberValidate(cancel); };
+  customNumberRelay_.gotFocus = [this] { CustomNumberGotFocus(); };
+  customNumberRelay_.lostFocus = [this] { CustomNumberLostFocus(); };
+  includeTodayRelay_.click = [this] { CustomInputChanged(nullptr); }; // only Change tells
   cboSelection_->Connect(&selectionRelay_);
   cboOperator_->Connect(&operatorRelay_);
   cboMonth_->Connect(&monthRelay_);
@@ -23,8 +28,8 @@ void DateSelect::ConnectConstituents() {
   dtpFrom_->Connect(&fromRelay_);
   dtpTo_->Connect(&toRelay_);
   spnYear_->Connect(&yearRelay_);
-  txtCustomRange_->Connect(this);
-  chkCustom_->Connect(this);
+  txtCustomRange_->Connect(&customNumberRelay_);
+  chkCustom_->Connect(&includeTodayRelay_);
 }
 
 void DateSelect::RaiseWithChange(void (DateSelectEvents::*event)()) {
@@ -121,31 +126,21 @@ void DateSelect::ToChanged() {
     Take([&] { SetEndDate(EndDate()); }, [] {});
 }
 
-// txtCustomRange.
-void DateSelect::Change() {
-  CustomInputChanged(&DateSelectEvents::CustomRangeChange);
-}
-
-// chkCustom: the range moves, and only Change tells of it.
-void DateSelect::Click() {
-  CustomInputChanged(nullptr);
-}
-
-void DateSelect::Validate(bool& Cancel) {
+void DateSelect::CustomNumberValidate(bool& cancel) {
   if (Val(txtCustomRange_->Text()) > 0)
     return;
   Site().MessageBox("Please Enter a value greater than zero", "DateSelect",
                     MB_OK | MB_ICONINFORMATION);
-  Cancel = true;
+  cancel = true;
 }
 
-void DateSelect::GotFocus() {
+void DateSelect::CustomNumberGotFocus() {
   if (useFocusColor_)
     txtCustomRange_->SetBackColor(focusColor_);
   txtCustomRange_->SetShowFocusRect(showFocusRect_);
 }
 
-void DateSelect::LostFocus() {
+void DateSelect::CustomNumberLostFocus() {
   txtCustomRange_->SetBackColor(controlBackColor_);
 }
 
