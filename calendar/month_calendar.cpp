@@ -1,4 +1,5 @@
 #include "calendar/month_calendar.hpp"
+#include "common/scoped_flag.hpp"
 
 #include "calendar/month_calendar_defaults.hpp"
 #include "calendar/month_calendar_layout.hpp"
@@ -264,18 +265,12 @@ void MonthCalendar::Click() {
   const bool belowMin = year <= Year(minDate_) && month < Month(minDate_);
   const bool aboveMax = year >= Year(maxDate_) && month > Month(maxDate_);
   if (belowMin || aboveMax) {
-    restoringMonth_ = true;
-    try {
-      // No month accepted yet (SelectedMonth 0) is the list without a selection.
-      if (acceptedMonthText_.empty())
-        cboMonth_->SetListIndex(-1);
-      else
-        cboMonth_->SetText(acceptedMonthText_);
-    } catch (...) {
-      restoringMonth_ = false;
-      throw;
-    }
-    restoringMonth_ = false;
+    const ScopedFlag restoring(restoringMonth_);
+    // No month accepted yet (SelectedMonth 0) is the list without a selection.
+    if (acceptedMonthText_.empty())
+      cboMonth_->SetListIndex(-1);
+    else
+      cboMonth_->SetText(acceptedMonthText_);
     return;
   }
   acceptedMonthText_ = cboMonth_->Text();

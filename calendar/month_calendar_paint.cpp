@@ -1,4 +1,5 @@
 // The calendar's picture: buttons, fixed size, and the whole paint in one pass.
+#include "common/scoped_flag.hpp"
 #include <charconv>
 #include <optional>
 
@@ -187,10 +188,9 @@ void MonthCalendar::KeepFixedSize() {
   if (keepingSize_ || (ScaleWidth() == FixedWidth && ScaleHeight() == FixedHeight)) {
     return;
   }
-  keepingSize_ = true;
+  const ScopedFlag keeping(keepingSize_);
   Platform::Current().SetWindowPos(hWnd(), 0, 0, 0, FixedWidth, FixedHeight,
                                    SWP_NOMOVE | SWP_NOZORDER);
-  keepingSize_ = false;
 }
 
 } // namespace tarnbrook

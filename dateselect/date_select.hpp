@@ -8,6 +8,7 @@
 #include "common/date_value.hpp"
 #include "common/font.hpp"
 #include "common/ole_color.hpp"
+#include "common/scoped_flag.hpp"
 #include "constituents/combo_list_x.hpp"
 #include "constituents/number_spin.hpp"
 #include "dateselect/cdts_option.hpp"
@@ -295,7 +296,7 @@ private:
   TextRelay customNumberRelay_;
   CheckRelay includeTodayRelay_;
   OptionRelay optionRelay_;
-  int quiet_ = 0;       // constituents being set by the control itself: their events are its own
+  bool quiet_ = false;  // constituents being set by the control itself: their events are its own
   bool laying_ = false; // the control is setting its own height
 
   int16_t selectedYear_ = 1601;
@@ -326,14 +327,8 @@ private:
 };
 
 template <class Action> void DateSelect::Quietly(Action action) {
-  ++quiet_;
-  try {
-    action();
-  } catch (...) {
-    --quiet_;
-    throw;
-  }
-  --quiet_;
+  const ScopedFlag quiet(quiet_);
+  action();
 }
 
 } // namespace tarnbrook

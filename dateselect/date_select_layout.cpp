@@ -5,6 +5,7 @@
 
 #include "common/control_error.hpp"
 #include "common/locale.hpp"
+#include "common/scoped_flag.hpp"
 #include "dateselect/date_select.hpp"
 #include "host/standard_text.hpp"
 
@@ -182,13 +183,12 @@ void DateSelect::LayoutConstituents() {
   // The control's own size follows: at least 2000 twips wide, 60 twips under the date fields.
   const int32_t height = row3 + rowHeight + BottomMarginTwips / Site().TwipsPerPixelY();
   if (width != ScaleWidth() || height != ScaleHeight()) {
-    laying_ = true;
+    const ScopedFlag laying(laying_);
     Rect bounds = Platform::Current().GetWindowRect(hWnd());
     Point topLeft = {bounds.left, bounds.top};
     if (HWND parent = Parent())
       topLeft = Platform::Current().ScreenToClient(parent, topLeft);
     Move(topLeft.x, topLeft.y, width, height);
-    laying_ = false;
   }
 }
 

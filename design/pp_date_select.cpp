@@ -1,5 +1,6 @@
 // The two pages of DateSelect, with the editors only they need: the visible options, and
 // the SQL the settings make.
+#include "common/scoped_flag.hpp"
 #include <memory>
 
 #include "common/property_bag.hpp"
@@ -45,7 +46,7 @@ public:
   }
 
   void Load(const std::vector<Dispatch>& targets) override {
-    loading_ = true;
+    const ScopedFlag loading(loading_);
     for (int32_t i = 0; i < Rows; ++i) {
       Row& row = rows_[static_cast<size_t>(i)];
       // Checked or unchecked while every target agrees, grey once two differ.
@@ -63,7 +64,6 @@ public:
       row.visible->SetValue(state);
       row.dirty = false;
     }
-    loading_ = false;
     dirty_ = false;
   }
 

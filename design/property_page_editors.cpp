@@ -1,4 +1,5 @@
 // The editors a page is made of, one per kind of field, and the factory that picks one.
+#include "common/scoped_flag.hpp"
 #include <algorithm>
 #include <optional>
 
@@ -74,9 +75,10 @@ public:
         break;
       }
     }
-    loading_ = true;
-    Show(common);
-    loading_ = false;
+    {
+      const ScopedFlag loading(loading_);
+      Show(common);
+    }
     dirty_ = false;
   }
 
@@ -350,9 +352,10 @@ public:
     chooser_->Move(left, top + RowHeight + RowGap, width, Chooser::PreferredHeight);
     chooser_->SetOnChange([this] { ChooserChanged(); });
     chooser_->SetOnRefusal([this](const std::string& text) { page_->Message(text); });
-    loading_ = true;
-    members_->SetListIndex(0);
-    loading_ = false;
+    {
+      const ScopedFlag loading(loading_);
+      members_->SetListIndex(0);
+    }
     shown_ = 0;
     return RowHeight + RowGap + Chooser::PreferredHeight;
   }
@@ -411,9 +414,8 @@ private:
     if (slots_.empty())
       return;
     const Slot& slot = slots_[shown_];
-    loading_ = true;
+    const ScopedFlag loading(loading_);
     Show(slot.dirty ? slot.pending : slot.common);
-    loading_ = false;
   }
   void MemberPicked() {
     if (loading_)
@@ -425,9 +427,10 @@ private:
     try {
       Check();
     } catch (const FieldRefusal& refusal) {
-      loading_ = true;
-      members_->SetListIndex(static_cast<int32_t>(shown_));
-      loading_ = false;
+      {
+        const ScopedFlag loading(loading_);
+        members_->SetListIndex(static_cast<int32_t>(shown_));
+      }
       page_->Message(refusal.what());
       if (refusal.Field())
         refusal.Field()->SetFocus();

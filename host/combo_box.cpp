@@ -1,4 +1,5 @@
 #include "host/combo_box.hpp"
+#include "common/scoped_flag.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -399,10 +400,9 @@ void ComboBox::KeepFieldHeight() {
   if (ScaleHeight() == FieldHeight()) {
     return;
   }
-  keepingHeight_ = true;
+  const ScopedFlag keeping(keepingHeight_);
   Platform::Current().SetWindowPos(hWnd(), 0, 0, 0, ScaleWidth(), FieldHeight(),
                                    SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-  keepingHeight_ = false;
 }
 
 // The rows the list shows: as many as the height given by Move leaves below the field when

@@ -2,6 +2,7 @@
 // events turned into the picker's own.
 #include "common/control_error.hpp"
 #include "common/property_bag.hpp"
+#include "common/scoped_flag.hpp"
 #include "picker/date_picker.hpp"
 #include "platform/platform.hpp"
 
@@ -14,7 +15,6 @@ MonthCalendar& DatePicker::Calendar() {
     return *calendar_;
   auto calendar = std::make_unique<MonthCalendar>(hWnd());
   calendar->SetVisible(false);
-  settingCalendar_ = true;
   MemoryPropertyBag none;
   calendar->ReadProperties(none);
   const CalendarSettings& held = calendarSettings_;
@@ -34,8 +34,7 @@ MonthCalendar& DatePicker::Calendar() {
   calendar->SetTodayButtonCaption(held.todayButtonCaption);
   calendar->SetEmptyButtonCaption(held.emptyButtonCaption);
   calendar->SetEmptyButton(held.emptyButton);
-  settingCalendar_ = false;
-  calendar->Connect(this);
+  calendar->Connect(this); // only now: what it raised while being set up is not the picker's
   calendar_ = std::move(calendar);
   return *calendar_;
 }
@@ -46,9 +45,10 @@ bool DatePicker::IsDropped() const {
 
 void DatePicker::DropDownCalendar() {
   Calendar();
-  settingCalendar_ = true;
-  calendar_->SetValue(empty_ ? lastDate_ : value_);
-  settingCalendar_ = false;
+  {
+    const ScopedFlag setting(settingCalendar_);
+    calendar_->SetValue(empty_ ? lastDate_ : value_);
+  }
   // Widen before narrowing, so that the calendar never sees its limits crossed on the way.
   if (maxDate_ >= calendar_->MinDate()) {
     calendar_->SetMaxDate(maxDate_);

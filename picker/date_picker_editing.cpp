@@ -1,5 +1,6 @@
 // The picker's editing: the current field, keys, typing with its delayed commit, stepping,
 // the buttons with auto-repeat, and dragging to change.
+#include "common/scoped_flag.hpp"
 #include "picker/date_picker.hpp"
 
 #include "common/control_error.hpp"
@@ -75,9 +76,8 @@ void DatePicker::StepCurrent(int16_t Amount) {
   SetFieldsValue(value_);
   Redraw();
   if (IsDropped()) {
-    settingCalendar_ = true;
+    const ScopedFlag setting(settingCalendar_);
     calendar_->SetValue(value_);
-    settingCalendar_ = false;
   }
   events_.Raise(&DatePickerEvents::Change);
 }

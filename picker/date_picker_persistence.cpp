@@ -1,5 +1,6 @@
 // The picker's persisted keys: one table read in its order and written under the same names
 // and defaults, so that every value written reads back unchanged.
+#include "common/scoped_flag.hpp"
 #include <optional>
 #include <vector>
 
@@ -128,18 +129,20 @@ void DatePicker::ReadProperties(PropertyBag& bag) {
   // The widest limits, so that a stored limit is checked against the other stored one only.
   minDate_ = CDate(MinDateText);
   maxDate_ = CDate(MaxDateText);
-  loading_ = true;
   std::optional<ControlError> refused;
-  for (const PersistedKey& key : PersistedKeys(*this)) {
-    try {
-      key.set(*this, bag.ReadProperty(key.name, key.defaultValue));
-    } catch (const ControlError& error) {
-      if (!refused)
-        refused = ControlError(error.Number(), error.Source(),
-                               std::string("property '") + key.name + "': " + error.Description());
+  {
+    const ScopedFlag loading(loading_);
+    for (const PersistedKey& key : PersistedKeys(*this)) {
+      try {
+        key.set(*this, bag.ReadProperty(key.name, key.defaultValue));
+      } catch (const ControlError& error) {
+        if (!refused)
+          refused =
+              ControlError(error.Number(), error.Source(),
+                           std::string("property '") + key.name + "': " + error.Description());
+      }
     }
   }
-  loading_ = false;
   RebuildFields();
   LayoutButtons();
   Redraw();

@@ -1,4 +1,5 @@
 #include "winplumb/drop_down.hpp"
+#include "common/scoped_flag.hpp"
 
 #include <algorithm>
 
@@ -104,11 +105,7 @@ void cDropDown::HookProc(int32_t, int32_t, WPARAM wParam, LPARAM lParam, bool&) 
   if (busy_) {
     return; // the hook came back while the owner or Hide runs
   }
-  busy_ = true;
-  struct ClearBusy {
-    bool& busy;
-    ~ClearBusy() { busy = false; }
-  } clearBusy{busy_};
+  const ScopedFlag busy(busy_);
   if (IsButtonDown(wParam)) {
     MouseTest(lParam);
   }
