@@ -1,4 +1,5 @@
 #include "automation/class_factory.hpp"
+#include "common/text.hpp"
 
 #include "calendar/month_calendar.hpp"
 #include "dateselect/date_select.hpp"
@@ -39,7 +40,8 @@ std::string Unbraced(const std::string& id) {
 const Creatable* FindCreatable(const std::string& id) {
   for (const Creatable& c : Creatables()) {
     const ClassRegistration& r = c.registration;
-    if (SameName(r.progId, id) || SameName(Unbraced(r.classId), Unbraced(id)) || r.className == id)
+    if (EqualsIgnoreCaseAscii(r.progId, id) ||
+        EqualsIgnoreCaseAscii(Unbraced(r.classId), Unbraced(id)) || r.className == id)
       return &c;
   }
   return nullptr;

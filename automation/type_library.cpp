@@ -1,4 +1,5 @@
 #include "automation/type_library.hpp"
+#include "common/text.hpp"
 
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -23,7 +24,7 @@ const std::vector<const ClassInfo*>& TarnbrookClasses() {
 
 const ClassInfo* FindClassInfo(const std::string& name) {
   for (const ClassInfo* info : TarnbrookClasses()) {
-    if (SameName(info->name, name))
+    if (EqualsIgnoreCaseAscii(info->name, name))
       return info;
   }
   return nullptr;
@@ -90,7 +91,7 @@ std::string DescribeClass(const ClassInfo& info) {
     std::string type =
         p.type == MemberType::Object ? p.objectClass + "*" : TypeOf(p.type, p.enumName);
     std::string attributes = p.CanAssign() ? "" : "readonly";
-    if (SameName(p.name, info.defaultMember))
+    if (EqualsIgnoreCaseAscii(p.name, info.defaultMember))
       attributes += attributes.empty() ? "default" : ", default";
     out << "    " << (attributes.empty() ? "" : "[" + attributes + "] ") << type << " " << p.name;
     if (!p.index.empty())

@@ -1,7 +1,7 @@
 #include "common/date_runtime.hpp"
+#include "common/text.hpp"
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 
 #include "common/control_error.hpp"
@@ -21,13 +21,8 @@ Interval ParseInterval(std::string_view text) {
                {"y", Interval::DayOfYear}, {"d", Interval::Day},     {"w", Interval::Weekday},
                {"ww", Interval::Week},     {"h", Interval::Hour},    {"n", Interval::Minute},
                {"s", Interval::Second}};
-  const auto sameLetters = [text](std::string_view name) {
-    return std::equal(text.begin(), text.end(), name.begin(), name.end(), [](char a, char b) {
-      return std::tolower(static_cast<unsigned char>(a)) == b;
-    });
-  };
   for (const auto& name : names) {
-    if (sameLetters(name.Name)) {
+    if (EqualsIgnoreCaseAscii(text, name.Name)) {
       return name.Value;
     }
   }

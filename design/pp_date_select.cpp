@@ -1,6 +1,7 @@
 // The two pages of DateSelect, with the editors only they need: the visible options, and
 // the SQL the settings make.
 #include "common/scoped_flag.hpp"
+#include "common/text.hpp"
 #include <memory>
 
 #include "common/property_bag.hpp"
@@ -27,7 +28,7 @@ public:
   }
 
   bool Edits(const std::string& property) const override {
-    return SameName(property, "VisibleOptions");
+    return EqualsIgnoreCaseAscii(property, "VisibleOptions");
   }
 
   int32_t Create(PropertyPage& page, int32_t left, int32_t top, int32_t width) override {
@@ -106,7 +107,9 @@ class SqlPreview : public PropertyEditor {
 public:
   using PropertyEditor::PropertyEditor;
 
-  bool Edits(const std::string& property) const override { return SameName(property, "SQL"); }
+  bool Edits(const std::string& property) const override {
+    return EqualsIgnoreCaseAscii(property, "SQL");
+  }
 
   int32_t Create(PropertyPage& page, int32_t left, int32_t top, int32_t width) override {
     page_ = &page;

@@ -1,4 +1,5 @@
 #include "design/property_page.hpp"
+#include "common/text.hpp"
 
 #include <algorithm>
 
@@ -95,11 +96,11 @@ void PropertyPage::OnPaint() {
 // ---- the pages of a class ----
 
 std::vector<PageDescription> PropertyPagesFor(const std::string& className) {
-  if (SameName(className, "MonthCalendar"))
+  if (EqualsIgnoreCaseAscii(className, "MonthCalendar"))
     return {ppMonthCalendar()};
-  if (SameName(className, "DatePicker"))
+  if (EqualsIgnoreCaseAscii(className, "DatePicker"))
     return {ppDatePickerProperties()};
-  if (SameName(className, "DateSelect"))
+  if (EqualsIgnoreCaseAscii(className, "DateSelect"))
     return {ppDateSelectSettings(), ppDateSelectAppearance()};
   return {};
 }
@@ -273,7 +274,7 @@ LRESULT PropertySheet::FrameProc(HWND hwnd, UINT msg, WPARAM, LPARAM) {
 
 PropertyPage* PropertySheet::FindPage(const std::string& name) const {
   for (const auto& page : pages_)
-    if (SameName(page->Description().name, name))
+    if (EqualsIgnoreCaseAscii(page->Description().name, name))
       return page.get();
   return nullptr;
 }

@@ -1,5 +1,6 @@
 // The editors a page is made of, one per kind of field, and the factory that picks one.
 #include "common/scoped_flag.hpp"
+#include "common/text.hpp"
 #include <algorithm>
 #include <optional>
 
@@ -38,10 +39,11 @@ bool SameValue(const Variant& a, const Variant& b) {
 }
 
 bool PropertyEditor::Edits(const std::string& property) const {
-  if (SameName(field_.name, property))
+  if (EqualsIgnoreCaseAscii(field_.name, property))
     return true;
-  return std::any_of(field_.members.begin(), field_.members.end(),
-                     [&](const std::string& member) { return SameName(member, property); });
+  return std::any_of(field_.members.begin(), field_.members.end(), [&](const std::string& member) {
+    return EqualsIgnoreCaseAscii(member, property);
+  });
 }
 
 void PropertyEditor::Touched() {

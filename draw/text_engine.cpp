@@ -1,7 +1,7 @@
 #include "draw/text_engine.hpp"
+#include "common/text.hpp"
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
@@ -18,13 +18,6 @@ constexpr size_t CacheLimit = 2048;
 constexpr size_t CacheByteLimit = size_t(64) << 20;
 constexpr const char* FallbackFamily = "DejaVu Sans";
 constexpr size_t FamilyLimit = 256;
-
-std::string Lower(std::string_view text) {
-  std::string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return lower;
-}
 
 // The text as shown: "&&" is "&", a single "&" underlines the next character (its byte range
 // is returned), line breaks become spaces on a single line.
@@ -207,9 +200,8 @@ const std::string& TextEngine::Family(const std::string& face) {
   PangoFontFamily** list = nullptr;
   int count = 0;
   pango_font_map_list_families(pango_context_get_font_map(context_), &list, &count);
-  std::string wanted = Lower(face);
   for (int i = 0; i < count; ++i) {
-    if (Lower(pango_font_family_get_name(list[i])) == wanted) {
+    if (EqualsIgnoreCaseAscii(pango_font_family_get_name(list[i]), face)) {
       family = pango_font_family_get_name(list[i]);
       break;
     }

@@ -18,18 +18,6 @@
 namespace tarnbrook {
 namespace {
 
-// Control names, like the language's identifiers, ignore case.
-bool SameName(const std::string& a, const std::string& b) {
-  if (a.size() != b.size())
-    return false;
-  for (size_t i = 0; i < a.size(); ++i) {
-    auto lower = [](unsigned char c) { return (c >= 'A' && c <= 'Z') ? c - 'A' + 'a' : c; };
-    if (lower(a[i]) != lower(b[i]))
-      return false;
-  }
-  return true;
-}
-
 // Names and texts from the file are echoed as mended UTF-8.
 [[noreturn]] void LoadFailure(const std::string& fileName, const std::string& message) {
   throw ControlError(errFormFileLoad, "Tarnbrook",
@@ -146,7 +134,7 @@ Control& Container::Add(std::unique_ptr<Control> control, const std::string& nam
 
 const Container::Entry* Container::FindEntry(const std::string& name) const {
   for (const Entry& entry : entries_)
-    if (SameName(entry.name, name))
+    if (EqualsIgnoreCaseAscii(entry.name, name))
       return &entry;
   return nullptr;
 }
@@ -157,8 +145,9 @@ Control* Container::Find(const std::string& name) const {
 }
 
 void Container::Remove(const std::string& name) {
-  auto it = std::find_if(entries_.begin(), entries_.end(),
-                         [&](const Entry& entry) { return SameName(entry.name, name); });
+  auto it = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
+    return EqualsIgnoreCaseAscii(entry.name, name);
+  });
   if (it == entries_.end())
     RaiseRuntimeError(rtInvalidProcedureCall);
   Entry gone = std::move(*it); // off the list before its control goes
@@ -229,7 +218,7 @@ void Container::LoadFromText(const std::string& text, const std::string& fileNam
   std::vector<Entry> loaded;
   for (ControlRecord& record : records) {
     for (const Entry& entry : loaded)
-      if (SameName(entry.name, record.Name))
+      if (EqualsIgnoreCaseAscii(entry.name, record.Name))
         LoadFailure(fileName, "the name '" + record.Name + "' is used twice");
     const ControlFactory* factory = FindControlClass(record.ClassName);
     if (!factory)

@@ -1,7 +1,7 @@
 #include "host/type_info.hpp"
+#include "common/text.hpp"
 
 #include <algorithm>
-#include <cctype>
 
 namespace tarnbrook {
 
@@ -35,18 +35,12 @@ std::string TypeName(MemberType type) {
   return "VARIANT";
 }
 
-bool SameName(const std::string& a, const std::string& b) {
-  return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-           return std::tolower(static_cast<unsigned char>(x)) ==
-                  std::tolower(static_cast<unsigned char>(y));
-         });
-}
-
 namespace {
 
 template <class List> auto FindNamed(const List& list, const std::string& name) {
-  auto found = std::find_if(list.begin(), list.end(),
-                            [&](const auto& member) { return SameName(member.name, name); });
+  auto found = std::find_if(list.begin(), list.end(), [&](const auto& member) {
+    return EqualsIgnoreCaseAscii(member.name, name);
+  });
   return found == list.end() ? nullptr : &*found;
 }
 

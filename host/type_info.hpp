@@ -107,9 +107,6 @@ struct ClassInfo {
   const EventInfo* FindEvent(const std::string& name) const;
 };
 
-// Case-blind equality of member names.
-bool SameName(const std::string& a, const std::string& b);
-
 // Conversions between member values and Variants, by the member's type.
 namespace type_info_detail {
 

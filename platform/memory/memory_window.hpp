@@ -2,7 +2,6 @@
 #include <map>
 #include <memory>
 #include <string>
-#include <strings.h>
 #include <vector>
 
 #include "draw/canvas.hpp"
@@ -19,9 +18,7 @@ constexpr uint32_t ErrorInvalidFilterProc = 1427;
 
 // Property names are atoms on the real system, matched without regard to case.
 struct PropNameLess {
-  bool operator()(const std::string& a, const std::string& b) const {
-    return strcasecmp(a.c_str(), b.c_str()) < 0;
-  }
+  bool operator()(const std::string& a, const std::string& b) const;
 };
 
 // One window of the simulator. Positions are relative to the parent's client area.

@@ -1,8 +1,13 @@
 #include <algorithm>
 
+#include "common/text.hpp"
 #include "platform/memory/memory_platform.hpp"
 
 namespace tarnbrook {
+
+bool PropNameLess::operator()(const std::string& a, const std::string& b) const {
+  return CompareIgnoreCaseAscii(a, b) < 0;
+}
 
 namespace {
 
