@@ -61,13 +61,7 @@ const std::vector<ClassRegistration>& RegisteredClasses() {
 
 const ClassRegistration* FindRegistration(const std::string& progIdOrClassId) {
   const Creatable* found = FindCreatable(progIdOrClassId);
-  if (!found)
-    return nullptr;
-  for (const ClassRegistration& r : RegisteredClasses()) {
-    if (r.className == found->registration.className)
-      return &r;
-  }
-  return nullptr;
+  return found ? &RegisteredClasses()[static_cast<size_t>(found - Creatables().data())] : nullptr;
 }
 
 std::unique_ptr<Control> CreateObject(const std::string& progIdOrClassId, HWND parent) {

@@ -4,10 +4,8 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "calendar/month_calendar.hpp"
+#include "automation/class_factory.hpp"
 #include "dateselect/cdts_option.hpp"
-#include "dateselect/date_select.hpp"
-#include "picker/date_picker.hpp"
 
 namespace tarnbrook {
 
@@ -15,10 +13,15 @@ std::string TypeLibraryName() {
   return "Tarnbrook";
 }
 
+// The creatable classes, then CdtsOption, which hosts reach only through a DateSelect.
 const std::vector<const ClassInfo*>& TarnbrookClasses() {
-  static const std::vector<const ClassInfo*> classes{
-      &MonthCalendar::TypeInfo(), &DatePicker::TypeInfo(), &DateSelect::TypeInfo(),
-      &CdtsOption::TypeInfo()};
+  static const std::vector<const ClassInfo*> classes = [] {
+    std::vector<const ClassInfo*> all;
+    for (const ClassRegistration& registration : RegisteredClasses())
+      all.push_back(registration.info);
+    all.push_back(&CdtsOption::TypeInfo());
+    return all;
+  }();
   return classes;
 }
 

@@ -153,7 +153,7 @@ public:
   bool HoverIcon() const { return hoverIcon_; }
   void SetHoverIcon(bool hover);
   void SetEnabled(bool enabled) override;
-  HWND hwnd() const { return hWnd(); }
+  int32_t hwnd() const { return static_cast<int32_t>(hWnd()); }
 
   // Redraws the whole calendar.
   void Paint();

@@ -130,6 +130,7 @@ ClassInfo Describe() {
       Property<&C::Font, &C::SetFont>("Font", T::Font, "Font"),
       Property<&C::HoverIcon, &C::SetHoverIcon>("HoverIcon", T::Boolean, "HoverIcon"),
       Property<&C::Enabled, &C::SetEnabled>("Enabled", T::Boolean, "Enabled"),
+      Property<&C::hwnd>("hwnd", T::Long),
   };
   info.methods = CalendarMethods();
   info.events = CalendarEvents();

@@ -111,11 +111,6 @@ size_t RunLength(std::string_view format, size_t at, char lowerLetter, bool igno
   return end - at;
 }
 
-size_t Utf8CharLength(char lead) {
-  const auto byte = static_cast<unsigned char>(lead);
-  return byte < 0xC0 ? 1 : byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : 4;
-}
-
 // Quoted text up to `quote` (or the end); returns the position after the closing quote.
 size_t AddQuoted(ProgramBuilder& out, std::string_view format, size_t at, char quote) {
   size_t end = format.find(quote, at + 1);
@@ -130,7 +125,7 @@ size_t AddEscaped(ProgramBuilder& out, std::string_view format, size_t at) {
   if (at + 1 >= format.size()) {
     return format.size();
   }
-  const size_t length = Utf8CharLength(format[at + 1]);
+  const size_t length = Utf8SequenceLength(format[at + 1]);
   out.AddLiteral(format.substr(at + 1, length));
   return at + 1 + length;
 }

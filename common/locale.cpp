@@ -1,4 +1,5 @@
 #include "common/locale.hpp"
+#include "common/text.hpp"
 
 #include <cstdlib>
 #include <cstring>
@@ -64,14 +65,7 @@ const std::string* LocaleItemText(const Locale& locale, uint32_t item) {
 
 // Bytes of `text` that fit in `limit` without splitting a UTF-8 character.
 size_t FittingBytes(const std::string& text, size_t limit) {
-  if (text.size() <= limit) {
-    return text.size();
-  }
-  size_t end = limit;
-  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) {
-    --end;
-  }
-  return end;
+  return Utf8Floor(text, limit);
 }
 
 } // namespace

@@ -29,32 +29,6 @@ struct FormFault {
   throw FormFault{place, message};
 }
 
-bool IsValidUtf8(const std::string& text) {
-  size_t i = 0;
-  while (i < text.size()) {
-    auto byte = static_cast<unsigned char>(text[i]);
-    size_t length = byte < 0x80           ? 1
-                    : (byte >> 5) == 0x6  ? 2
-                    : (byte >> 4) == 0xE  ? 3
-                    : (byte >> 3) == 0x1E ? 4
-                                          : 0;
-    if (length == 0 || i + length > text.size())
-      return false;
-    uint32_t code = length == 1 ? byte : byte & (0x7F >> length);
-    for (size_t k = 1; k < length; ++k) {
-      auto next = static_cast<unsigned char>(text[i + k]);
-      if ((next & 0xC0) != 0x80)
-        return false;
-      code = code << 6 | (next & 0x3F);
-    }
-    static constexpr uint32_t kShortest[] = {0, 0, 0x80, 0x800, 0x10000};
-    if (code < kShortest[length] || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF))
-      return false;
-    i += length;
-  }
-  return true;
-}
-
 // JSON has no NaN or infinities; they go as text.
 Json EncodeDouble(double value) {
   if (std::isfinite(value))

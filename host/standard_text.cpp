@@ -1,4 +1,5 @@
 #include "host/standard_text.hpp"
+#include "common/text.hpp"
 
 #include <vector>
 
@@ -14,10 +15,6 @@ cMDC& Probe(const Font& font) {
   return probe;
 }
 
-bool IsContinuationByte(char c) {
-  return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-}
-
 } // namespace
 
 void SelectFont(cMDC& surface, const Font& font) {
@@ -30,7 +27,8 @@ Size MeasureLine(const Font& font, std::string_view text, bool mnemonics) {
   if (text.empty())
     return {0, lineHeight};
   Rect bounds;
-  canvas.DrawText(text, &bounds, DT_CALCRECT | DT_SINGLELINE | (mnemonics ? 0u : uint32_t{DT_NOPREFIX}));
+  canvas.DrawText(text, &bounds,
+                  DT_CALCRECT | DT_SINGLELINE | (mnemonics ? 0u : uint32_t{DT_NOPREFIX}));
   return {bounds.Width(), lineHeight};
 }
 
@@ -38,7 +36,7 @@ std::vector<int32_t> CharacterEdges(const Font& font, std::string_view text) {
   Canvas& canvas = *Canvas::FromHandle(Probe(font).hDC());
   std::vector<int32_t> edges{0};
   for (size_t end = 1; end <= text.size(); ++end) {
-    if (end < text.size() && IsContinuationByte(text[end]))
+    if (end < text.size() && IsUtf8Continuation(text[end]))
       continue;
     edges.push_back(canvas.GetTextExtent(text.substr(0, end)).cx);
   }

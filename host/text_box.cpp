@@ -18,26 +18,6 @@ std::string& Clipboard() {
   return text;
 }
 
-bool IsContinuationByte(char c) {
-  return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-}
-
-// A character code as WM_CHAR carries it (Latin-1 below 256) in UTF-8.
-std::string Utf8Of(uint32_t code) {
-  std::string out;
-  if (code < 0x80) {
-    out += static_cast<char>(code);
-  } else if (code < 0x800) {
-    out += static_cast<char>(0xC0 | code >> 6);
-    out += static_cast<char>(0x80 | (code & 0x3F));
-  } else {
-    out += static_cast<char>(0xE0 | code >> 12);
-    out += static_cast<char>(0x80 | (code >> 6 & 0x3F));
-    out += static_cast<char>(0x80 | (code & 0x3F));
-  }
-  return out;
-}
-
 bool IsWordByte(char c) {
   return c != ' ' && c != '\t';
 }
@@ -276,7 +256,7 @@ size_t TextBox::ByteOfChar(int32_t index) const {
 int32_t TextBox::CharOfByte(size_t byte) const {
   int32_t count = 0;
   for (size_t i = 0; i < byte && i < text_.size(); ++i)
-    if (!IsContinuationByte(text_[i]))
+    if (!IsUtf8Continuation(text_[i]))
       ++count;
   return count;
 }
@@ -286,7 +266,7 @@ size_t TextBox::PreviousChar(size_t byte) const {
     return 0;
   do
     --byte;
-  while (byte > 0 && IsContinuationByte(text_[byte]));
+  while (byte > 0 && IsUtf8Continuation(text_[byte]));
   return byte;
 }
 
@@ -295,7 +275,7 @@ size_t TextBox::NextChar(size_t byte) const {
     return text_.size();
   do
     ++byte;
-  while (byte < text_.size() && IsContinuationByte(text_[byte]));
+  while (byte < text_.size() && IsUtf8Continuation(text_[byte]));
   return byte;
 }
 
@@ -525,8 +505,11 @@ void TextBox::OnKeyPress(int16_t& keyAscii) {
   auto code = static_cast<uint16_t>(keyAscii);
   if (code == VK_BACK)
     DeleteByKey(false);
-  else if (code >= 0x20 && code != 0x7F)
-    InsertTyped(Utf8Of(code));
+  if (code < 0x20 || code == 0x7F)
+    return;
+  std::string typed;
+  AppendUtf8(typed, code);
+  InsertTyped(typed);
 }
 
 void TextBox::OnGotFocus() {

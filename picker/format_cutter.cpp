@@ -1,4 +1,5 @@
 #include "picker/format_cutter.hpp"
+#include "common/text.hpp"
 
 #include <algorithm>
 #include <string>
@@ -29,11 +30,6 @@ const TokenLetter* FindTokenLetter(char c) {
     }
   }
   return nullptr;
-}
-
-size_t Utf8CharLength(char lead) {
-  const auto byte = static_cast<unsigned char>(lead);
-  return byte < 0xC0 ? 1 : byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : 4;
 }
 
 class Cutter {
@@ -93,7 +89,7 @@ std::vector<CDateMask> CutDateFormat(cMDC& surface, std::string_view format, int
       cutter.AppendLiteral(format.substr(i + 1, end - i - 1));
       i = end + 1;
     } else if (c == '\\') {
-      const size_t length = i + 1 < format.size() ? Utf8CharLength(format[i + 1]) : 0;
+      const size_t length = i + 1 < format.size() ? Utf8SequenceLength(format[i + 1]) : 0;
       cutter.AppendLiteral(format.substr(i + 1, length));
       i += 1 + length;
     } else {

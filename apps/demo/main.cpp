@@ -24,6 +24,7 @@
 #include "apps/demo/event_log.hpp"
 #include "apps/demo/orders_view.hpp"
 #include "apps/demo/tour.hpp"
+#include "automation/class_factory.hpp"
 #include "common/control_error.hpp"
 #include "common/date_format.hpp"
 #include "common/date_runtime.hpp"
@@ -71,9 +72,7 @@ std::optional<Options> ParseOptions(int argc, char** argv) {
 }
 
 void RegisterClasses() {
-  RegisterControlClass<MonthCalendar>("MonthCalendar");
-  RegisterControlClass<DatePicker>("DatePicker");
-  RegisterControlClass<DateSelect>("DateSelect");
+  RegisterTarnbrookClasses();
   RegisterControlClass<EventList>("EventList");
   RegisterControlClass<CaptionLabel>("CaptionLabel");
 }

@@ -124,6 +124,11 @@ TEST_F(AutomationTest, NamesAreFoundWithoutRegardToCase) {
   d.Call("dropdown", {int32_t(5), int32_t(5)});
   EXPECT_TRUE(d.Invoke("isdropdownshown").ToBoolean());
   EXPECT_EQ(FindClassInfo("monthcalendar"), &MonthCalendar::TypeInfo());
+  // The window handle, published read-only by the calendar and the DateSelect.
+  EXPECT_EQ(d.Get("HWND"), Variant(int32_t(calendar.hWnd())));
+  auto& select = Place<DateSelect>("Tarnbrook.DateSelect", "Select1");
+  EXPECT_EQ(Dispatch(select).Get("hwnd"), Variant(int32_t(select.hWnd())));
+  EXPECT_NE(RaisedNumber([&] { d.Let("hwnd", int32_t(1)); }), 0);
 }
 
 TEST_F(AutomationTest, OptionalArgumentsLeftOutTakeTheirDefaults) {

@@ -154,4 +154,29 @@ TEST(Text, Utf8HelpersCountCharactersNotBytes) {
   EXPECT_LT(CompareIgnoreCaseAscii("apple", "Banana"), 0);
   EXPECT_GT(CompareIgnoreCaseAscii("Dates", "date"), 0);
   EXPECT_TRUE(StartsWithIgnoreCaseAscii("AM/PM h", "am/pm"));
+  EXPECT_FALSE(EqualsIgnoreCaseAscii("\xC4", "\xE4")); // bytes past ASCII are never folded
+}
+
+// Encoding, boundaries and validity agree with one another over every length of character.
+TEST(Text, Utf8EncodingBoundariesAndValidity) {
+  std::string encoded;
+  for (uint32_t code : {0x7Fu, 0x80u, 0x7FFu, 0x800u, 0xFFFFu, 0x10000u, 0x10FFFFu})
+    AppendUtf8(encoded, code);
+  EXPECT_EQ(encoded,
+            "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF");
+  EXPECT_TRUE(IsValidUtf8(encoded));
+  EXPECT_EQ(Utf8Length(encoded), 7u);
+  std::string replaced;
+  AppendUtf8(replaced, 0xD800);
+  AppendUtf8(replaced, 0x110000);
+  EXPECT_EQ(replaced, "\xEF\xBF\xBD\xEF\xBF\xBD");
+
+  EXPECT_EQ(Utf8Floor("a\xE2\x82\xAC", 3), 1u); // inside the euro sign: back to its start
+  EXPECT_EQ(Utf8Floor("a\xE2\x82\xAC", 9), 4u);
+  EXPECT_EQ(Utf8SequenceLength('\xF0'), 4u);
+  EXPECT_EQ(Utf8SequenceLength('\x80'), 1u); // a stray continuation byte stands alone
+  for (const char* bad : {"\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82", "\x80"}) {
+    EXPECT_FALSE(IsValidUtf8(bad)) << bad;
+    EXPECT_TRUE(IsValidUtf8(MendUtf8(bad)));
+  }
 }

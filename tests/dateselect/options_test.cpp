@@ -1,7 +1,6 @@
 // The offered options, the current one, the option objects, and what a program's setters
 // take, refuse and raise.
 #include "date_select_fixture.hpp"
-#include "host/type_info.hpp"
 
 namespace tarnbrook {
 namespace {
@@ -118,7 +117,7 @@ TEST_F(DateSelectTest, YearAndMonthSetByAProgram) {
   EXPECT_EQ(ds->SelectedYear(), 1601);
 }
 
-TEST_F(DateSelectTest, AppearanceReachesTheConstituentsAndHwndIsPublished) {
+TEST_F(DateSelectTest, AppearanceReachesTheConstituents) {
   ds->SetButtonWidth(20);
   ds->SetButtonWidth(-3); // ignored
   ds->SetInputFormat("dd.MM.yyyy");
@@ -134,13 +133,6 @@ TEST_F(DateSelectTest, AppearanceReachesTheConstituentsAndHwndIsPublished) {
   EXPECT_EQ(RaisedNumber([&] { ds->SetButtonWidth(40000); }), rtOverflow);
   EXPECT_EQ(ds->spnYear().ButtonWidth(), 20);
   EXPECT_EQ(ds->ButtonWidth(), 20);
-
-  const ClassInfo& info = DateSelect::TypeInfo();
-  const auto hwnd = std::find_if(info.properties.begin(), info.properties.end(),
-                                 [](const PropertyInfo& p) { return p.name == "hwnd"; });
-  ASSERT_NE(hwnd, info.properties.end());
-  EXPECT_EQ(hwnd->get(*ds, {}), Variant(int32_t(ds->hWnd())));
-  EXPECT_FALSE(hwnd->let);
 }
 
 TEST_F(DateSelectTest, TheControlEndsSixtyTwipsBelowTheEndFieldAndKeepsItsLeastWidth) {
