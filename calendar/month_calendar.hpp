@@ -5,13 +5,13 @@
 #include <string>
 
 #include "common/date_value.hpp"
+#include "common/event_source.hpp"
 #include "common/font.hpp"
 #include "common/ole_color.hpp"
 #include "common/picture.hpp"
 #include "draw/cframe.hpp"
 #include "host/combo_box.hpp"
 #include "host/control.hpp"
-#include "host/event_source.hpp"
 #include "platform/timer.hpp"
 #include "winplumb/drop_down.hpp"
 #include "winplumb/subclass.hpp"

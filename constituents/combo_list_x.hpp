@@ -3,13 +3,13 @@
 #include <memory>
 #include <string>
 
+#include "common/event_source.hpp"
 #include "common/font.hpp"
 #include "common/ole_color.hpp"
 #include "draw/border_style.hpp"
 #include "draw/cframe.hpp"
 #include "host/combo_box.hpp"
 #include "host/control.hpp"
-#include "host/event_source.hpp"
 
 namespace tarnbrook {
 

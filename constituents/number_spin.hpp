@@ -2,12 +2,12 @@
 #include <cstdint>
 #include <string>
 
+#include "common/event_source.hpp"
 #include "common/font.hpp"
 #include "common/ole_color.hpp"
 #include "draw/border_style.hpp"
 #include "draw/cframe.hpp"
 #include "host/control.hpp"
-#include "host/event_source.hpp"
 #include "platform/timer.hpp"
 
 namespace tarnbrook {

@@ -2,8 +2,8 @@
 #include <cstdint>
 #include <string>
 
+#include "common/event_source.hpp"
 #include "common/object.hpp"
-#include "host/event_source.hpp"
 
 namespace tarnbrook {
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "common/date_value.hpp"
+#include "common/event_source.hpp"
 #include "common/font.hpp"
 #include "common/ole_color.hpp"
 #include "common/scoped_flag.hpp"
@@ -15,7 +16,6 @@
 #include "dateselect/date_spans.hpp"
 #include "host/check_box.hpp"
 #include "host/control.hpp"
-#include "host/event_source.hpp"
 #include "host/label.hpp"
 #include "host/text_box.hpp"
 #include "picker/date_picker.hpp"

@@ -2,10 +2,10 @@
 #include <cstdint>
 #include <string>
 
+#include "common/event_source.hpp"
 #include "common/font.hpp"
 #include "common/ole_color.hpp"
 #include "host/control.hpp"
-#include "host/event_source.hpp"
 
 namespace tarnbrook {
 

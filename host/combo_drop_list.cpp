@@ -43,10 +43,7 @@ void ComboBox::DropList::Update(int32_t rows) {
   Platform& platform = Platform::Current();
   Rect field = platform.GetWindowRect(owner_.DropAnchor());
   int32_t height = rows_ * owner_.ItemHeight() + 2 * Border;
-  Rect work;
-  if (!platform.SystemParametersInfo(SPI_GETWORKAREA, &work)) {
-    work = {0, 0, platform.GetSystemMetrics(SM_CXSCREEN), platform.GetSystemMetrics(SM_CYSCREEN)};
-  }
+  const Rect work = platform.WorkAreaOrScreen();
   int32_t top = field.bottom;
   if (top + height > work.bottom && field.top - height >= work.top) {
     top = field.top - height;

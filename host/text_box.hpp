@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "common/event_source.hpp"
 #include "common/font.hpp"
 #include "common/ole_color.hpp"
 #include "host/control.hpp"
-#include "host/event_source.hpp"
 
 namespace tarnbrook {
 

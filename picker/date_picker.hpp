@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "calendar/month_calendar.hpp"
+#include "common/event_source.hpp"
 #include "common/font.hpp"
 #include "common/ole_color.hpp"
 #include "common/picture.hpp"
@@ -12,7 +13,6 @@
 #include "draw/border_style.hpp"
 #include "draw/cframe.hpp"
 #include "host/control.hpp"
-#include "host/event_source.hpp"
 #include "picker/cdate_mask.hpp"
 #include "picker/picker_format.hpp"
 #include "platform/timer.hpp"

@@ -17,6 +17,13 @@ Platform& Platform::Current() {
   return *current;
 }
 
+Rect Platform::WorkAreaOrScreen() {
+  Rect area;
+  if (!SystemParametersInfo(SPI_GETWORKAREA, &area))
+    area = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+  return area;
+}
+
 bool Platform::HasCurrent() {
   return current != nullptr;
 }

@@ -149,6 +149,10 @@ public:
   virtual uint32_t GetTickCount() = 0;
   virtual DateValue Now() = 0;
   DateValue Today() { return DateOnly(Now()); }
+
+  // Where pop-ups fit: the work area, or the whole screen (in pixels) when the system does not
+  // say.
+  Rect WorkAreaOrScreen();
 };
 
 } // namespace tarnbrook

@@ -1,8 +1,6 @@
 #include "winplumb/drop_down.hpp"
 #include "common/scoped_flag.hpp"
 
-#include <algorithm>
-
 #include "winplumb/drop_down_placement.hpp"
 #include "winplumb/mouse_lparam.hpp"
 
@@ -34,16 +32,6 @@ cDropDown::~cDropDown() {
   }
 }
 
-void cDropDown::Connect(cDropDownEvents* sink) {
-  if (sink && std::find(sinks_.begin(), sinks_.end(), sink) == sinks_.end()) {
-    sinks_.push_back(sink);
-  }
-}
-
-void cDropDown::Disconnect(cDropDownEvents* sink) {
-  std::erase(sinks_, sink);
-}
-
 void cDropDown::Show(HWND Control, int32_t X, int32_t Y, int32_t Width, int32_t Height,
                      int32_t ParentHeight, int32_t eType, bool& AutoHide) {
   Platform& platform = Platform::Current();
@@ -55,7 +43,8 @@ void cDropDown::Show(HWND Control, int32_t X, int32_t Y, int32_t Width, int32_t 
   exStyle = (exStyle | WS_EX_TOOLWINDOW) & ~static_cast<LONG_PTR>(WS_EX_APPWINDOW);
   platform.SetWindowLong(Control, GWL_EXSTYLE, exStyle);
 
-  DropDownPlacement placement = PlaceDropDown(Y, Height, ParentHeight, WorkArea().bottom);
+  DropDownPlacement placement =
+      PlaceDropDown(Y, Height, ParentHeight, platform.WorkAreaOrScreen().bottom);
   platform.MoveWindow(Control, X, placement.Y, Width, Height, false);
   platform.SetParent(Control, platform.GetDesktopWindow());
 
@@ -72,17 +61,6 @@ void cDropDown::Show(HWND Control, int32_t X, int32_t Y, int32_t Width, int32_t 
   }
 }
 
-// The whole screen when the work area is not known. Our screen metrics are pixels already,
-// so unlike twips they need no conversion.
-Rect cDropDown::WorkArea() {
-  Platform& platform = Platform::Current();
-  Rect area;
-  if (!platform.SystemParametersInfo(SPI_GETWORKAREA, &area)) {
-    area = {0, 0, platform.GetSystemMetrics(SM_CXSCREEN), platform.GetSystemMetrics(SM_CYSCREEN)};
-  }
-  return area;
-}
-
 void cDropDown::Hide() {
   Platform& platform = Platform::Current();
   if (hooked_) {
@@ -95,9 +73,7 @@ void cDropDown::Hide() {
   }
   control_ = 0;
   formerParent_ = 0;
-  for (cDropDownEvents* sink : std::vector<cDropDownEvents*>(sinks_)) {
-    sink->Hidden();
-  }
+  events_.Raise(&cDropDownEvents::Hidden);
 }
 
 // Never consumes: a click outside both closes the pop-up and reaches its target.
@@ -122,9 +98,7 @@ void cDropDown::MouseTest(LPARAM lParam) {
     return;
   }
   bool dontHide = false;
-  for (cDropDownEvents* sink : std::vector<cDropDownEvents*>(sinks_)) {
-    sink->MouseDownOutside(dontHide);
-  }
+  events_.Raise(&cDropDownEvents::MouseDownOutside, dontHide);
   if (!dontHide) {
     Hide();
   }

@@ -1,7 +1,7 @@
 #pragma once
 #include <cstdint>
-#include <vector>
 
+#include "common/event_source.hpp"
 #include "common/geometry.hpp"
 #include "platform/platform.hpp"
 #include "winplumb/hooks.hpp"
@@ -29,8 +29,8 @@ public:
   cDropDown(const cDropDown&) = delete;
   cDropDown& operator=(const cDropDown&) = delete;
 
-  void Connect(cDropDownEvents* sink);
-  void Disconnect(cDropDownEvents* sink);
+  void Connect(cDropDownEvents* sink) { events_.Connect(sink); }
+  void Disconnect(cDropDownEvents* sink) { events_.Disconnect(sink); }
 
   // Positions and sizes in screen pixels: (X, Y) the wanted top-left corner, normally the
   // anchor's bottom-left corner; ParentHeight the anchor's height; eType the animation
@@ -45,9 +45,8 @@ private:
   void HookProc(int32_t eType, int32_t nCode, WPARAM wParam, LPARAM lParam,
                 bool& bConsume) override;
   void MouseTest(LPARAM lParam);
-  Rect WorkArea();
 
-  std::vector<cDropDownEvents*> sinks_;
+  EventSource<cDropDownEvents> events_;
   HWND control_ = 0;
   HWND formerParent_ = 0;
   bool hooked_ = false;
