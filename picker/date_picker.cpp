@@ -29,7 +29,7 @@ bool IsZeroLength(const Variant& value) {
 
 DatePicker::DatePicker(HWND parent) : Control(parent) {
   PaintBatch batch(false); // painted by its container, once placed
-  calendarSettings_.font = month_calendar_defaults::DefaultFont();
+  calendarLook_.font = month_calendar_defaults::DefaultFont();
   LoadPickerPatterns();
 
   minDate_ = DateSerial(1601, 1, 1);
@@ -102,15 +102,6 @@ void DatePicker::SetMaxDate(tarnbrook::DateValue value) {
 }
 
 // --- Behaviour ---
-
-void DatePicker::SetAllowEmpty(bool allow) {
-  allowEmpty_ = allow;
-  if (calendar_)
-    calendar_->SetEmptyButton(allow);
-  else
-    calendarSettings_.emptyButton = allow;
-  PropertyChanged("AllowEmpty");
-}
 
 void DatePicker::SetFormat(int32_t format) {
   format_ = format;

@@ -144,35 +144,38 @@ public:
   bool IsDropped() const;
   int32_t CalendarAnimation() const { return calendarAnimation_; }
   void SetCalendarAnimation(int32_t animation);
-  int32_t CalendarButtonStyle() const;
+  // The drop-down calendar's look, held here and passed on while the calendar lives.
+  int32_t CalendarButtonStyle() const { return calendarLook_.buttonStyle; }
   void SetCalendarButtonStyle(int32_t style); // 5065 "Tarnbrook.DatePicker" above 2
-  OleColor CalendarBackColor() const;
+  OleColor CalendarBackColor() const { return calendarLook_.backColor; }
   void SetCalendarBackColor(OleColor color);
-  OleColor CalendarActiveMonthColor() const;
+  OleColor CalendarActiveMonthColor() const { return calendarLook_.activeMonthColor; }
   void SetCalendarActiveMonthColor(OleColor color);
-  OleColor CalendarInactiveMonthColor() const;
+  OleColor CalendarInactiveMonthColor() const { return calendarLook_.inactiveMonthColor; }
   void SetCalendarInactiveMonthColor(OleColor color);
-  OleColor CalendarHeaderColor() const;
+  OleColor CalendarHeaderColor() const { return calendarLook_.headerColor; }
   void SetCalendarHeaderColor(OleColor color);
-  OleColor CalendarHeaderForeColor() const;
+  OleColor CalendarHeaderForeColor() const { return calendarLook_.headerForeColor; }
   void SetCalendarHeaderForeColor(OleColor color);
-  OleColor CalendarPresentDateColor() const;
+  OleColor CalendarPresentDateColor() const { return calendarLook_.presentDateColor; }
   void SetCalendarPresentDateColor(OleColor color);
-  OleColor CalendarWeekdayColor() const;
+  OleColor CalendarWeekdayColor() const { return calendarLook_.weekDayColor; }
   void SetCalendarWeekdayColor(OleColor color);
-  const tarnbrook::Font& CalendarFont() const;
+  const tarnbrook::Font& CalendarFont() const { return calendarLook_.font; }
   void SetCalendarFont(const tarnbrook::Font& font);
-  std::shared_ptr<const Picture> CalendarBackground() const;
+  std::shared_ptr<const Picture> CalendarBackground() const {
+    return calendarLook_.backgroundImage;
+  }
   void SetCalendarBackground(std::shared_ptr<const Picture> picture);
-  int32_t CalendarBackDrawMode() const;
+  int32_t CalendarBackDrawMode() const { return calendarLook_.backDrawMode; }
   void SetCalendarBackDrawMode(int32_t mode);
-  bool CalendarHoverIcon() const;
+  bool CalendarHoverIcon() const { return calendarLook_.hoverIcon; }
   void SetCalendarHoverIcon(bool hover);
-  int32_t FirstDayofWeek() const;
-  void SetFirstDayofWeek(int32_t firstDay);
-  const std::string& TodayButtonCaption() const;
+  int32_t FirstDayofWeek() const { return calendarLook_.firstDayofWeek; }
+  void SetFirstDayofWeek(int32_t firstDay); // 5 outside 0..7
+  const std::string& TodayButtonCaption() const { return calendarLook_.todayButtonCaption; }
   void SetTodayButtonCaption(const std::string& caption);
-  const std::string& EmptyButtonCaption() const;
+  const std::string& EmptyButtonCaption() const { return calendarLook_.emptyButtonCaption; }
   void SetEmptyButtonCaption(const std::string& caption);
 
   void DropDownCalendar();
@@ -198,6 +201,8 @@ protected:
   void OnLostFocus() override;
 
 private:
+  template <auto Field, auto CalendarSetter, class Part>
+  void SetCalendarLook(Part part, const char* key);
   // Editing.
   void SelectField(int32_t index);
   void StepCurrent(int16_t Amount);
@@ -229,7 +234,8 @@ private:
 
   // What the calendar shows, held here until the calendar is first made: most pickers never
   // drop one down. The values are those of a calendar read from an empty bag.
-  struct CalendarSettings {
+  // What the picker holds for its calendar, as the calendar's own defaults start it.
+  struct CalendarLook {
     int32_t buttonStyle = mvwButton3D;
     OleColor backColor = vbWindowBackground;
     OleColor activeMonthColor = vbButtonText;
@@ -249,7 +255,7 @@ private:
   };
 
   EventSource<DatePickerEvents> events_;
-  CalendarSettings calendarSettings_;
+  CalendarLook calendarLook_;
   std::unique_ptr<MonthCalendar> calendar_; // none until first needed
   std::vector<CDateMask> fields_;
   int32_t currentField_ = -1;

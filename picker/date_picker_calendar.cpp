@@ -17,7 +17,7 @@ MonthCalendar& DatePicker::Calendar() {
   calendar->SetVisible(false);
   MemoryPropertyBag none;
   calendar->ReadProperties(none);
-  const CalendarSettings& held = calendarSettings_;
+  const CalendarLook& held = calendarLook_;
   calendar->SetButtonStyle(held.buttonStyle);
   calendar->SetBackColor(held.backColor);
   calendar->SetActiveMonthColor(held.activeMonthColor);
@@ -127,188 +127,94 @@ void DatePicker::ChooseEmpty() {
   Platform::Current().SetFocus(hWnd());
 }
 
-// The properties passed to the calendar and read back from it, each reported under its key.
+// One part of the calendar's look: passed to the calendar while it lives, which refuses what
+// it cannot take before the picker holds it, then reported under its key.
+template <auto Field, auto CalendarSetter, class Part>
+void DatePicker::SetCalendarLook(Part part, const char* key) {
+  if (calendar_)
+    (calendar_.get()->*CalendarSetter)(part);
+  calendarLook_.*Field = std::move(part);
+  PropertyChanged(key);
+}
 
-int32_t DatePicker::CalendarButtonStyle() const {
-  return calendar_ ? calendar_->ButtonStyle() : calendarSettings_.buttonStyle;
+void DatePicker::SetAllowEmpty(bool allow) {
+  allowEmpty_ = allow;
+  SetCalendarLook<&CalendarLook::emptyButton, &MonthCalendar::SetEmptyButton>(allow, "AllowEmpty");
 }
 
 void DatePicker::SetCalendarButtonStyle(int32_t style) {
   if (style > dtpButtonFlat)
     throw ControlError(5065, "Tarnbrook.DatePicker", "Invalid ButtonStyle!");
-  if (calendar_)
-    calendar_->SetButtonStyle(style);
-  else
-    calendarSettings_.buttonStyle = style;
-  PropertyChanged("CalendarButtonStyle");
-}
-
-OleColor DatePicker::CalendarBackColor() const {
-  return calendar_ ? calendar_->BackColor() : calendarSettings_.backColor;
+  SetCalendarLook<&CalendarLook::buttonStyle, &MonthCalendar::SetButtonStyle>(
+      style, "CalendarButtonStyle");
 }
 
 void DatePicker::SetCalendarBackColor(OleColor color) {
-  if (calendar_)
-    calendar_->SetBackColor(color);
-  else
-    calendarSettings_.backColor = color;
-  PropertyChanged("CalendarBackColor");
-}
-
-OleColor DatePicker::CalendarActiveMonthColor() const {
-  return calendar_ ? calendar_->ActiveMonthColor() : calendarSettings_.activeMonthColor;
+  SetCalendarLook<&CalendarLook::backColor, &MonthCalendar::SetBackColor>(color,
+                                                                          "CalendarBackColor");
 }
 
 void DatePicker::SetCalendarActiveMonthColor(OleColor color) {
-  if (calendar_)
-    calendar_->SetActiveMonthColor(color);
-  else
-    calendarSettings_.activeMonthColor = color;
-  PropertyChanged("CalendarActiveMonthColor");
-}
-
-OleColor DatePicker::CalendarInactiveMonthColor() const {
-  return calendar_ ? calendar_->InactiveMonthColor() : calendarSettings_.inactiveMonthColor;
+  SetCalendarLook<&CalendarLook::activeMonthColor, &MonthCalendar::SetActiveMonthColor>(
+      color, "CalendarActiveMonthColor");
 }
 
 void DatePicker::SetCalendarInactiveMonthColor(OleColor color) {
-  if (calendar_)
-    calendar_->SetInactiveMonthColor(color);
-  else
-    calendarSettings_.inactiveMonthColor = color;
-  PropertyChanged("CalendarInactiveMonthColor");
-}
-
-OleColor DatePicker::CalendarHeaderColor() const {
-  return calendar_ ? calendar_->HeaderColor() : calendarSettings_.headerColor;
+  SetCalendarLook<&CalendarLook::inactiveMonthColor, &MonthCalendar::SetInactiveMonthColor>(
+      color, "CalendarInactiveMonthColor");
 }
 
 void DatePicker::SetCalendarHeaderColor(OleColor color) {
-  if (calendar_)
-    calendar_->SetHeaderColor(color);
-  else
-    calendarSettings_.headerColor = color;
-  PropertyChanged("CalendarHeaderColor");
-}
-
-OleColor DatePicker::CalendarHeaderForeColor() const {
-  return calendar_ ? calendar_->HeaderForeColor() : calendarSettings_.headerForeColor;
+  SetCalendarLook<&CalendarLook::headerColor, &MonthCalendar::SetHeaderColor>(
+      color, "CalendarHeaderColor");
 }
 
 void DatePicker::SetCalendarHeaderForeColor(OleColor color) {
-  if (calendar_)
-    calendar_->SetHeaderForeColor(color);
-  else
-    calendarSettings_.headerForeColor = color;
-  PropertyChanged("CalendarHeaderForeColor");
-}
-
-OleColor DatePicker::CalendarPresentDateColor() const {
-  return calendar_ ? calendar_->PresentDateColor() : calendarSettings_.presentDateColor;
+  SetCalendarLook<&CalendarLook::headerForeColor, &MonthCalendar::SetHeaderForeColor>(
+      color, "CalendarHeaderForeColor");
 }
 
 void DatePicker::SetCalendarPresentDateColor(OleColor color) {
-  if (calendar_)
-    calendar_->SetPresentDateColor(color);
-  else
-    calendarSettings_.presentDateColor = color;
-  PropertyChanged("CalendarPresentDateColor");
-}
-
-OleColor DatePicker::CalendarWeekdayColor() const {
-  return calendar_ ? calendar_->WeekDayColor() : calendarSettings_.weekDayColor;
+  SetCalendarLook<&CalendarLook::presentDateColor, &MonthCalendar::SetPresentDateColor>(
+      color, "CalendarPresentDateColor");
 }
 
 void DatePicker::SetCalendarWeekdayColor(OleColor color) {
-  if (calendar_)
-    calendar_->SetWeekDayColor(color);
-  else
-    calendarSettings_.weekDayColor = color;
-  PropertyChanged("CalendarWeekdayColor");
-}
-
-const tarnbrook::Font& DatePicker::CalendarFont() const {
-  return calendar_ ? calendar_->Font() : calendarSettings_.font;
+  SetCalendarLook<&CalendarLook::weekDayColor, &MonthCalendar::SetWeekDayColor>(
+      color, "CalendarWeekdayColor");
 }
 
 void DatePicker::SetCalendarFont(const tarnbrook::Font& font) {
-  if (calendar_)
-    calendar_->SetFont(font);
-  else
-    calendarSettings_.font = CheckedFont(font);
-  PropertyChanged("CalendarFont");
-}
-
-std::shared_ptr<const Picture> DatePicker::CalendarBackground() const {
-  return calendar_ ? calendar_->BackgroundImage() : calendarSettings_.backgroundImage;
+  SetCalendarLook<&CalendarLook::font, &MonthCalendar::SetFont>(CheckedFont(font), "CalendarFont");
 }
 
 void DatePicker::SetCalendarBackground(std::shared_ptr<const Picture> picture) {
-  if (calendar_)
-    calendar_->SetBackgroundImage(std::move(picture));
-  else
-    calendarSettings_.backgroundImage = std::move(picture);
-  PropertyChanged("CalendarBackground");
-}
-
-int32_t DatePicker::CalendarBackDrawMode() const {
-  return calendar_ ? calendar_->BackDrawMode() : calendarSettings_.backDrawMode;
+  SetCalendarLook<&CalendarLook::backgroundImage, &MonthCalendar::SetBackgroundImage>(
+      std::move(picture), "CalendarBackground");
 }
 
 void DatePicker::SetCalendarBackDrawMode(int32_t mode) {
-  if (calendar_)
-    calendar_->SetBackDrawMode(mode);
-  else
-    calendarSettings_.backDrawMode = mode;
-  PropertyChanged("BackDrawMode");
-}
-
-bool DatePicker::CalendarHoverIcon() const {
-  return calendar_ ? calendar_->HoverIcon() : calendarSettings_.hoverIcon;
+  SetCalendarLook<&CalendarLook::backDrawMode, &MonthCalendar::SetBackDrawMode>(mode,
+                                                                                "BackDrawMode");
 }
 
 void DatePicker::SetCalendarHoverIcon(bool hover) {
-  if (calendar_)
-    calendar_->SetHoverIcon(hover);
-  else
-    calendarSettings_.hoverIcon = hover;
-  PropertyChanged("HoverIcon");
-}
-
-int32_t DatePicker::FirstDayofWeek() const {
-  return calendar_ ? calendar_->FirstDayofWeek() : calendarSettings_.firstDayofWeek;
+  SetCalendarLook<&CalendarLook::hoverIcon, &MonthCalendar::SetHoverIcon>(hover, "HoverIcon");
 }
 
 void DatePicker::SetFirstDayofWeek(int32_t firstDay) {
-  if (calendar_)
-    calendar_->SetFirstDayofWeek(firstDay);
-  else
-    calendarSettings_.firstDayofWeek = CheckedFirstDayOfWeek(firstDay);
-  PropertyChanged("FirstDayofWeek");
-}
-
-const std::string& DatePicker::TodayButtonCaption() const {
-  return calendar_ ? calendar_->TodayButtonCaption() : calendarSettings_.todayButtonCaption;
+  SetCalendarLook<&CalendarLook::firstDayofWeek, &MonthCalendar::SetFirstDayofWeek>(
+      CheckedFirstDayOfWeek(firstDay), "FirstDayofWeek");
 }
 
 void DatePicker::SetTodayButtonCaption(const std::string& caption) {
-  if (calendar_)
-    calendar_->SetTodayButtonCaption(caption);
-  else
-    calendarSettings_.todayButtonCaption = caption;
-  PropertyChanged("TodayButtonCaption");
-}
-
-const std::string& DatePicker::EmptyButtonCaption() const {
-  return calendar_ ? calendar_->EmptyButtonCaption() : calendarSettings_.emptyButtonCaption;
+  SetCalendarLook<&CalendarLook::todayButtonCaption, &MonthCalendar::SetTodayButtonCaption>(
+      caption, "TodayButtonCaption");
 }
 
 void DatePicker::SetEmptyButtonCaption(const std::string& caption) {
-  if (calendar_)
-    calendar_->SetEmptyButtonCaption(caption);
-  else
-    calendarSettings_.emptyButtonCaption = caption;
-  PropertyChanged("EmptyButtonCaption");
+  SetCalendarLook<&CalendarLook::emptyButtonCaption, &MonthCalendar::SetEmptyButtonCaption>(
+      caption, "EmptyButtonCaption");
 }
 
 void DatePicker::SetCalendarAnimation(int32_t animation) {
