@@ -28,7 +28,8 @@ MonthCalendar::MonthCalendar(HWND parent) : Control(parent) {
   cboMonth_->Move(name.left, name.top, name.Width(), cboMonth_->FieldHeight());
   for (int month = 1; month <= 12; ++month)
     cboMonth_->AddItem(CurrentLocale().MonthName(month));
-  cboMonth_->Connect(this);
+  monthListRelay_.click = [this] { MonthPicked(); };
+  cboMonth_->Connect(&monthListRelay_);
 
   minDate_ = CDate(MinDateText);
   maxDate_ = LastDate();
@@ -39,7 +40,7 @@ MonthCalendar::MonthCalendar(HWND parent) : Control(parent) {
 }
 
 MonthCalendar::~MonthCalendar() {
-  cboMonth_->Disconnect(this);
+  cboMonth_->Disconnect(&monthListRelay_);
   // The pop-up object still hides a shown pop-up when it ends, but tells nobody.
   dropDown_.Disconnect(this);
   if (printClientAttached_)
@@ -256,7 +257,7 @@ void MonthCalendar::About() {
 
 // --- Month handling and navigation ---
 
-void MonthCalendar::Click() {
+void MonthCalendar::MonthPicked() {
   if (restoringMonth_)
     return;
   // Year and month are tested separately, each against its own part of the limit.

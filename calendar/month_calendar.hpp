@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -82,10 +83,7 @@ int32_t CheckedFirstDayOfWeek(int32_t firstDay);
 // navigation buttons, "Today" and "Empty" below. The selected date (Value) and the displayed
 // month are separate: navigation moves only the display; a day click, "Today" or an
 // assignment changes Value and brings its month into view. Fixed size 204 x 180 pixels.
-class MonthCalendar : public Control,
-                      private ComboBoxEvents,
-                      private cDropDownEvents,
-                      private ISubclass {
+class MonthCalendar : public Control, private cDropDownEvents, private ISubclass {
 public:
   static constexpr int32_t FixedWidth = 204;
   static constexpr int32_t FixedHeight = 180;
@@ -186,7 +184,11 @@ protected:
 
 private:
   // Model and navigation.
-  void Click() override; // the month list's selection changed: the month handling
+  struct MonthListRelay : ComboBoxEvents {
+    std::function<void()> click;
+    void Click() override { click(); }
+  };
+  void MonthPicked();
   void ButtonAction(const std::string& name);
   void MonthStep(int delta);
   void YearStep(int delta);
@@ -207,6 +209,7 @@ private:
 
   EventSource<MonthCalendarEvents> events_;
   std::unique_ptr<ComboBox> cboMonth_;
+  MonthListRelay monthListRelay_;
   std::map<std::string, CFrame> buttons_;
   Timer t_;
 

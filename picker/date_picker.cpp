@@ -43,7 +43,7 @@ DatePicker::DatePicker(HWND parent) : Control(parent) {
 
 DatePicker::~DatePicker() {
   if (calendar_)
-    calendar_->Disconnect(this);
+    calendar_->Disconnect(&calendarRelay_);
 }
 
 // --- The value and its limits ---

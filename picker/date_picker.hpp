@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -78,7 +79,7 @@ enum DatePickerEventId {
 // A one-line date/time entry field cut from a format into fields the user edits by typing,
 // by keys, by buttons with auto-repeat or by dragging; optional up/down and drop-down buttons,
 // seven border styles, and a drop-down MonthCalendar. Value is a date or Null (empty).
-class DatePicker : public Control, private MonthCalendarEvents {
+class DatePicker : public Control {
 public:
   explicit DatePicker(HWND parent = 0);
   ~DatePicker() override;
@@ -223,13 +224,23 @@ private:
   CFrame* ButtonAt(int32_t x, int32_t y);
   void Redraw();
 
-  // The drop-down calendar's events.
-  void Change() override;
-  void EmptyClicked() override;
-  void BeforeDropDown(bool& Cancel) override;
-  void DroppedDown() override;
-  void BeforeCloseUp(bool& Cancel) override;
-  void AfterClosedUp() override;
+  // The drop-down calendar's events, heard by name.
+  struct CalendarRelay : MonthCalendarEvents {
+    std::function<void()> change, emptyClicked, droppedDown, afterClosedUp;
+    std::function<void(bool&)> beforeDropDown, beforeCloseUp;
+    void Change() override { change(); }
+    void EmptyClicked() override { emptyClicked(); }
+    void BeforeDropDown(bool& Cancel) override { beforeDropDown(Cancel); }
+    void DroppedDown() override { droppedDown(); }
+    void BeforeCloseUp(bool& Cancel) override { beforeCloseUp(Cancel); }
+    void AfterClosedUp() override { afterClosedUp(); }
+  };
+  void CalendarChanged();
+  void CalendarEmptyClicked();
+  void CalendarBeforeDropDown(bool& cancel);
+  void CalendarDroppedDown();
+  void CalendarBeforeCloseUp(bool& cancel);
+  void CalendarAfterClosedUp();
   void ChooseEmpty();
 
   // What the calendar shows, held here until the calendar is first made: most pickers never
@@ -257,6 +268,7 @@ private:
   EventSource<DatePickerEvents> events_;
   CalendarLook calendarLook_;
   std::unique_ptr<MonthCalendar> calendar_; // none until first needed
+  CalendarRelay calendarRelay_;
   std::vector<CDateMask> fields_;
   int32_t currentField_ = -1;
   std::vector<CFrame> buttons_;

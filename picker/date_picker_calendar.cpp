@@ -34,7 +34,14 @@ MonthCalendar& DatePicker::Calendar() {
   calendar->SetTodayButtonCaption(held.todayButtonCaption);
   calendar->SetEmptyButtonCaption(held.emptyButtonCaption);
   calendar->SetEmptyButton(held.emptyButton);
-  calendar->Connect(this); // only now: what it raised while being set up is not the picker's
+  // Only now: what it raised while being set up is not the picker's.
+  calendarRelay_.change = [this] { CalendarChanged(); };
+  calendarRelay_.emptyClicked = [this] { CalendarEmptyClicked(); };
+  calendarRelay_.beforeDropDown = [this](bool& cancel) { CalendarBeforeDropDown(cancel); };
+  calendarRelay_.droppedDown = [this] { CalendarDroppedDown(); };
+  calendarRelay_.beforeCloseUp = [this](bool& cancel) { CalendarBeforeCloseUp(cancel); };
+  calendarRelay_.afterClosedUp = [this] { CalendarAfterClosedUp(); };
+  calendar->Connect(&calendarRelay_);
   calendar_ = std::move(calendar);
   return *calendar_;
 }
@@ -68,18 +75,18 @@ void DatePicker::CloseUpCalendar() {
 
 // The calendar's events.
 
-void DatePicker::BeforeDropDown(bool& Cancel) {
+void DatePicker::CalendarBeforeDropDown(bool& Cancel) {
   events_.Raise(&DatePickerEvents::BeforeCalendarDropDown, Cancel);
 }
 
-void DatePicker::DroppedDown() {
+void DatePicker::CalendarDroppedDown() {
   events_.Raise(&DatePickerEvents::AfterCalendarDropDown);
 }
 
 // A press on the picker's own drop-down button keeps the calendar up here: the button's action
 // then closes it, asking nobody, instead of dropping it down again. A locked or disabled
 // picker's button does nothing, so the press closes the calendar as any other would.
-void DatePicker::BeforeCloseUp(bool& Cancel) {
+void DatePicker::CalendarBeforeCloseUp(bool& Cancel) {
   Platform& platform = Platform::Current();
   const Point mouse = platform.ScreenToClient(hWnd(), platform.GetCursorPos());
   const CFrame* button = ButtonAt(mouse.x, mouse.y);
@@ -90,12 +97,12 @@ void DatePicker::BeforeCloseUp(bool& Cancel) {
   events_.Raise(&DatePickerEvents::BeforeCalendarCloseUp, Cancel);
 }
 
-void DatePicker::AfterClosedUp() {
+void DatePicker::CalendarAfterClosedUp() {
   events_.Raise(&DatePickerEvents::AfterCalendarCloseUp);
 }
 
 // A date chosen in the calendar: taken when within the limits; the close-up runs either way.
-void DatePicker::Change() {
+void DatePicker::CalendarChanged() {
   if (settingCalendar_)
     return;
   const tarnbrook::DateValue chosen = calendar_->Value();
@@ -111,7 +118,7 @@ void DatePicker::Change() {
   calendar_->HideDropDown();
 }
 
-void DatePicker::EmptyClicked() {
+void DatePicker::CalendarEmptyClicked() {
   ChooseEmpty();
 }
 
