@@ -26,7 +26,7 @@ void PageButton::Click() {
 
 void PageButton::SetEnabled(bool enabled) {
   Control::SetEnabled(enabled);
-  held_ = pushed_ = false;
+  mouse_.Cancel();
   Refresh();
 }
 
@@ -42,11 +42,11 @@ void PageButton::OnPaint() {
   Rect all{0, 0, surface.Width(), surface.Height()};
   canvas.FillRect(all, static_cast<COLORREF>(GetSysColor(COLOR_BTNFACE)));
   canvas.DrawFrameControl(all, DFC_BUTTON,
-                          pushed_ ? DFCS_BUTTONPUSH | DFCS_PUSHED : DFCS_BUTTONPUSH);
+                          mouse_.Pushed() ? DFCS_BUTTONPUSH | DFCS_PUSHED : DFCS_BUTTONPUSH);
   SelectFont(surface, Font());
   canvas.SetBkMode(TRANSPARENT);
   Rect text = all;
-  if (pushed_)
+  if (mouse_.Pushed())
     text = {all.left + 1, all.top + 1, all.right + 1, all.bottom + 1};
   constexpr uint32_t Flags = DT_CENTER | DT_VCENTER | DT_SINGLELINE;
   if (!Enabled()) {
@@ -65,24 +65,21 @@ void PageButton::OnPaint() {
 void PageButton::OnMouseDown(int16_t button, int16_t, float x, float y) {
   if (button != vbLeftButton || !Enabled())
     return;
-  held_ = true;
-  pushed_ = Inside(x, y); // the control holds the capture while the button is down
+  mouse_.Press(Inside(x, y)); // the control holds the capture while the button is down
   Refresh();
 }
 
 void PageButton::OnMouseMove(int16_t, int16_t, float x, float y) {
-  if (!held_ || pushed_ == Inside(x, y))
-    return;
-  pushed_ = !pushed_;
-  Refresh();
+  if (mouse_.Move(Inside(x, y)))
+    Refresh();
 }
 
 void PageButton::OnMouseUp(int16_t button, int16_t, float x, float y) {
-  if (button != vbLeftButton || !held_)
+  if (button != vbLeftButton || !mouse_.Held())
     return;
-  held_ = pushed_ = false;
+  const bool pressed = mouse_.Release(Inside(x, y));
   Refresh();
-  if (Inside(x, y))
+  if (pressed)
     Click();
 }
 

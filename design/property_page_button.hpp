@@ -2,6 +2,7 @@
 #include <functional>
 #include <string>
 
+#include "common/push_tracker.hpp"
 #include "host/control.hpp"
 
 namespace tarnbrook {
@@ -38,8 +39,7 @@ private:
 
   std::string caption_;
   std::function<void()> onClick_;
-  bool held_ = false;
-  bool pushed_ = false;
+  PushTracker mouse_;
 };
 
 } // namespace tarnbrook

@@ -84,7 +84,7 @@ void AboutBox::OnPaint() {
   }
   Rect ok = OkButton();
   canvas.DrawFrameControl(ok, DFC_BUTTON,
-                          pressed_ ? DFCS_BUTTONPUSH | DFCS_PUSHED : DFCS_BUTTONPUSH);
+                          ok_.Pushed() ? DFCS_BUTTONPUSH | DFCS_PUSHED : DFCS_BUTTONPUSH);
   font.Bold = false;
   SelectFont(surface, font);
   canvas.DrawText("OK", ok, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
@@ -92,19 +92,29 @@ void AboutBox::OnPaint() {
   canvas.DrawFocusRect(Rect{ok.left + 4, ok.top + 4, ok.right - 4, ok.bottom - 4});
 }
 
+bool AboutBox::OnOk(float x, float y) const {
+  return OkButton().Contains(Point{static_cast<int32_t>(x), static_cast<int32_t>(y)});
+}
+
+// OK shows pushed while the pointer stays on it, and closes the box when let go there.
 void AboutBox::OnMouseDown(int16_t button, int16_t, float x, float y) {
-  if (button != vbLeftButton)
-    return;
-  pressed_ = OkButton().Contains(Point{static_cast<int32_t>(x), static_cast<int32_t>(y)});
-  Refresh();
+  if (button == vbLeftButton && OnOk(x, y)) {
+    ok_.Press(true);
+    Refresh();
+  }
+}
+
+void AboutBox::OnMouseMove(int16_t, int16_t, float x, float y) {
+  if (ok_.Move(OnOk(x, y)))
+    Refresh();
 }
 
 void AboutBox::OnMouseUp(int16_t button, int16_t, float x, float y) {
-  if (button != vbLeftButton || !pressed_)
+  if (button != vbLeftButton || !ok_.Held())
     return;
-  pressed_ = false;
+  const bool pressed = ok_.Release(OnOk(x, y));
   Refresh();
-  if (OkButton().Contains(Point{static_cast<int32_t>(x), static_cast<int32_t>(y)}))
+  if (pressed)
     Close();
 }
 

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "common/geometry.hpp"
+#include "common/push_tracker.hpp"
 #include "host/control.hpp"
 
 namespace tarnbrook {
@@ -33,12 +34,15 @@ public:
 protected:
   void OnPaint() override;
   void OnMouseDown(int16_t button, int16_t shift, float x, float y) override;
+  void OnMouseMove(int16_t button, int16_t shift, float x, float y) override;
   void OnMouseUp(int16_t button, int16_t shift, float x, float y) override;
   void OnKeyDown(int16_t& keyCode, int16_t shift) override;
 
 private:
+  bool OnOk(float x, float y) const;
+
   std::vector<std::string> lines_;
-  bool pressed_ = false;
+  PushTracker ok_;
   bool closed_ = false;
 };
 

@@ -96,7 +96,8 @@ void CheckBox::SetAlignment(int32_t alignment) {
 
 void CheckBox::SetEnabled(bool enabled) {
   if (!enabled) {
-    mouseHeld_ = spaceHeld_ = false;
+    mouse_.Cancel();
+    spaceHeld_ = false;
     pushed_ = false;
   }
   Control::SetEnabled(enabled);
@@ -108,7 +109,8 @@ void CheckBox::Toggle() {
   SetValue(value_ == vbChecked ? vbUnchecked : vbChecked);
 }
 
-void CheckBox::SetPushed(bool pushed) {
+void CheckBox::ShowPushed() {
+  const bool pushed = mouse_.Pushed() || spaceHeld_;
   if (pushed == pushed_)
     return;
   pushed_ = pushed;
@@ -166,8 +168,8 @@ void CheckBox::OnPaint() {
 void CheckBox::OnMouseDown(int16_t button, int16_t, float, float) {
   if (button != vbLeftButton)
     return;
-  mouseHeld_ = true;
-  SetPushed(true);
+  mouse_.Press(true);
+  ShowPushed();
 }
 
 void CheckBox::OnDblClick() {
@@ -175,16 +177,15 @@ void CheckBox::OnDblClick() {
 }
 
 void CheckBox::OnMouseMove(int16_t, int16_t, float x, float y) {
-  if (mouseHeld_)
-    SetPushed(x >= 0 && y >= 0 && x < float(ScaleWidth()) && y < float(ScaleHeight()));
+  mouse_.Move(x >= 0 && y >= 0 && x < float(ScaleWidth()) && y < float(ScaleHeight()));
+  ShowPushed();
 }
 
 void CheckBox::OnMouseUp(int16_t button, int16_t, float, float) {
-  if (button != vbLeftButton || !mouseHeld_)
+  if (button != vbLeftButton || !mouse_.Held())
     return;
-  mouseHeld_ = false;
-  bool over = pushed_;
-  SetPushed(spaceHeld_);
+  const bool over = mouse_.Release(mouse_.Pushed());
+  ShowPushed();
   if (over)
     Toggle();
 }
@@ -193,7 +194,7 @@ void CheckBox::OnMouseUp(int16_t button, int16_t, float, float) {
 void CheckBox::OnKeyDown(int16_t& keyCode, int16_t) {
   if (keyCode == VK_SPACE && !spaceHeld_) {
     spaceHeld_ = true;
-    SetPushed(true);
+    ShowPushed();
   }
 }
 
@@ -201,7 +202,7 @@ void CheckBox::OnKeyUp(int16_t& keyCode, int16_t) {
   if (keyCode != VK_SPACE || !spaceHeld_)
     return;
   spaceHeld_ = false;
-  SetPushed(mouseHeld_);
+  ShowPushed();
   Toggle();
 }
 
@@ -212,7 +213,7 @@ void CheckBox::OnGotFocus() {
 // The focus going takes a held Space with it.
 void CheckBox::OnLostFocus() {
   spaceHeld_ = false;
-  pushed_ = mouseHeld_ && pushed_;
+  pushed_ = mouse_.Pushed();
   Refresh();
 }
 

@@ -5,6 +5,7 @@
 #include "common/event_source.hpp"
 #include "common/font.hpp"
 #include "common/ole_color.hpp"
+#include "common/push_tracker.hpp"
 #include "host/control.hpp"
 
 namespace tarnbrook {
@@ -70,7 +71,7 @@ protected:
 
 private:
   void Toggle();
-  void SetPushed(bool pushed);
+  void ShowPushed(); // by the mouse or a held Space
 
   EventSource<CheckBoxEvents> events_;
   std::string caption_;
@@ -79,9 +80,9 @@ private:
   OleColor foreColor_ = vbButtonText;
   tarnbrook::Font font_;
   int32_t alignment_ = 0;
-  bool mouseHeld_ = false; // the left button went down over the box and is still down
+  PushTracker mouse_;
   bool spaceHeld_ = false;
-  bool pushed_ = false; // drawn pressed: held and over the control
+  bool pushed_ = false; // as drawn
 };
 
 } // namespace tarnbrook
