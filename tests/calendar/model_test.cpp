@@ -74,6 +74,9 @@ TEST_F(ModelTest, LimitsTestYearAndMonthSeparately) {
   EXPECT_EQ(calendar->Value(), DateSerial(2026, 11, 21));
   EXPECT_EQ(ChangedKeys(), (Log{"MinDate", "SelectedYear", "Value", "SelectedMonth", "Value",
                                 "SelectedMonth", "Value", "MaxDate", "SelectedYear", "Value"}));
+  calendar->SetValue(DateSerial(2027, 5, 5)); // a program's value is taken past the limits
+  EXPECT_EQ(calendar->Value(), DateSerial(2027, 5, 5));
+  EXPECT_EQ(log.Take(), (Log{"Change"}));
 }
 
 TEST_F(ModelTest, TodayOnlyWithinTheLimitsAndEmptyOnlyWhileShown) {

@@ -47,6 +47,12 @@ TEST_F(DateSelectTest, OneOptionObjectServesEveryIndex) {
   EXPECT_EQ(log.Take(), (Log{"SelectionChange", "Change"}));
   EXPECT_EQ(ds->Selection(), dtsToday);
   EXPECT_TRUE(ds->Options(dtsLast7days)->Visible());
+  EXPECT_EQ(ds->Options(15)->Text() + (ds->Options(15)->Visible() ? "shown" : ""), "");
+  log.Take();
+  form.ClearChangedKeys();
+  ds->SetEndDate(DateSerial(2004, 5, 20)); // reported under the start date's key
+  EXPECT_EQ(form.ChangedKeys(Name), Log{"StartDate"});
+  EXPECT_EQ(log.Take(), (Log{"EndDateChange", "Change"}));
 
   ds->Options(dtsLast30days)->SetText("Past month"); // the entry only, until a rebuild
   EXPECT_EQ(ds->cboSelection().List(dtsLast30days), "Past month");
@@ -129,6 +135,9 @@ TEST_F(DateSelectTest, AppearanceReachesTheConstituents) {
   }
   EXPECT_EQ(ds->cboMonth().ButtonWidth(), 20);
   EXPECT_EQ(RaisedNumber([&] { ds->SetButtonStyle(3); }), 5065);
+  ds->SetButtonStyle(-1); // only styles above the last are refused, here and in each constituent
+  EXPECT_EQ(ds->spnYear().ButtonStyle() + ds->cboMonth().ButtonStyle() + ds->dtpTo().ButtonStyle(),
+            -3);
   // The date fields refuse a width beyond 16 bits, before any constituent takes it.
   EXPECT_EQ(RaisedNumber([&] { ds->SetButtonWidth(40000); }), rtOverflow);
   EXPECT_EQ(ds->spnYear().ButtonWidth(), 20);

@@ -91,6 +91,10 @@ TEST_F(DropDownTest, BelowTheAnchorItSlidesOrBlendsAndAnyOutsidePressClosesIt) {
   }
   EXPECT_EQ(trail, "outside;hidden;F516;hidden;");
   EXPECT_EQ(State(), "in form, hidden, hooks 0");
+  bool autoHide = false;
+  dropDown.Show(control, 1000, 100, 120, 90, 20, 0, autoHide); // no horizontal correction
+  EXPECT_EQ(p.GetWindowRect(control).left, 1000);
+  dropDown.Hide();
 }
 
 TEST_F(DropDownTest, WithoutAutoHideNothingWatchesTheMouse) {
