@@ -117,6 +117,27 @@ void CheckDateRange(DateValue value) {
 
 // Years 0..29 are taken as 2000..2029 and 30..99 as 1930..1999, the runtime's two-digit
 // year rule, before the month rolls over.
+std::optional<DateValue> IsoDate(std::string_view text) {
+  auto digits = [&](size_t from, size_t count) {
+    int value = 0;
+    for (size_t i = from; i < from + count; ++i) {
+      if (text[i] < '0' || text[i] > '9')
+        return -1;
+      value = value * 10 + (text[i] - '0');
+    }
+    return value;
+  };
+  if (text.size() != 10 || text[4] != '-' || text[7] != '-')
+    return std::nullopt;
+  const int year = digits(0, 4), month = digits(5, 2), day = digits(8, 2);
+  if (year < 100 || month < 1 || month > 12 || day < 1)
+    return std::nullopt;
+  const DateValue date = DateSerial(year, month, day);
+  if (Month(date) != month) // the day ran into the next month
+    return std::nullopt;
+  return date;
+}
+
 DateValue DateSerial(int year, int month, int day) {
   long y = year;
   if (y >= 0 && y <= 29) {

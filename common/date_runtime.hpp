@@ -1,4 +1,5 @@
 #pragma once
+#include <optional>
 #include <string_view>
 
 #include "common/date_value.hpp"
@@ -28,6 +29,9 @@ enum VbFirstWeekOfYear : int {
 // Date from year, month and day with roll-over both ways (month 13, month 0, day 0,
 // negative days, day 40). Raises 5 outside the runtime's range.
 DateValue DateSerial(int year, int month, int day);
+// A day written "YYYY-MM-DD" (years 100 to 9999); nothing for other text or a day that does
+// not exist, such as 2004-02-30.
+std::optional<DateValue> IsoDate(std::string_view text);
 // Time from hours, minutes and seconds with roll-over; may leave the day (negative or > 1).
 DateValue TimeSerial(int hour, int minute, int second);
 

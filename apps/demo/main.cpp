@@ -53,16 +53,14 @@ std::optional<Options> ParseOptions(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
     std::string option = argv[i];
     const char* value = i + 1 < argc ? argv[i + 1] : nullptr;
-    int year = 0, month = 0, day = 0;
     if (option == "--tour") {
       options.tour = true;
     } else if (option == "--form" && value) {
       options.formFile = argv[++i];
     } else if (option == "--screenshot-dir" && value) {
       options.screenshotDir = argv[++i];
-    } else if (option == "--today" && value &&
-               std::sscanf(value, "%d-%d-%d", &year, &month, &day) == 3) {
-      options.today = DateSerial(year, month, day);
+    } else if (option == "--today" && value && IsoDate(value)) {
+      options.today = IsoDate(value);
       ++i;
     } else {
       return std::nullopt;
@@ -167,7 +165,7 @@ int RunDemo(const Options& options) {
   SetCurrentLocale(Locale::FromEnvironment()); // LC_ALL, LC_TIME or LANG, as users expect
   X11Platform platform;
   if (options.today)
-    platform.SetNow(*options.today + 0.5);
+    platform.SetNow(DateAdd("h", 12, *options.today)); // noon, whatever side of 1899
   RegisterClasses();
 
   Container form(layout::FormWidth, layout::FormHeight + MemoryPlatform::CaptionHeight,

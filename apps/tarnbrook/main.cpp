@@ -1,15 +1,19 @@
 // tarnbrook: the type library and saved forms from the shell.
 //   tarnbrook classes
 //   tarnbrook describe CLASS [--json]
-//   tarnbrook get FORM.json CONTROL PROPERTY
-//   tarnbrook set FORM.json CONTROL PROPERTY VALUE
+//   tarnbrook get FORM.json CONTROL PROPERTY [--today YYYY-MM-DD]
+//   tarnbrook set FORM.json CONTROL PROPERTY VALUE [--today YYYY-MM-DD]
 //     a font as "Name,Size[,Bold][,Italic][,Underline][,Strikethrough]", a picture as the
 //     path of a PNG file ("" for none)
 //   tarnbrook sql FORM.json CONTROL [--today YYYY-MM-DD]
-#include <cstdio>
+// Today is the system's date unless --today names another; the controls compute their dates
+// from it when the form is loaded.
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
+#include <optional>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -31,8 +35,8 @@ namespace {
 int Usage() {
   std::cerr << "usage: tarnbrook classes\n"
                "       tarnbrook describe CLASS [--json]\n"
-               "       tarnbrook get FORM.json CONTROL PROPERTY\n"
-               "       tarnbrook set FORM.json CONTROL PROPERTY VALUE\n"
+               "       tarnbrook get FORM.json CONTROL PROPERTY [--today YYYY-MM-DD]\n"
+               "       tarnbrook set FORM.json CONTROL PROPERTY VALUE [--today YYYY-MM-DD]\n"
                "       tarnbrook sql FORM.json CONTROL [--today YYYY-MM-DD]\n";
   return 2;
 }
@@ -47,9 +51,10 @@ std::string ErrorText(const ControlError& error) {
          ")";
 }
 
-// A saved form, loaded in the simulator, run mode.
+// A saved form, loaded in the simulator, run mode, on the day given.
 struct LoadedForm {
-  explicit LoadedForm(const std::string& path) {
+  LoadedForm(const std::string& path, DateValue now) {
+    platform.SetNow(now);
     RegisterTarnbrookClasses();
     RegisterStandardControls();
     form.LoadFromFile(path);
@@ -135,19 +140,19 @@ Variant PictureFromFile(const std::string& path) {
   return Variant(std::shared_ptr<Object>(std::make_shared<Picture>(Picture::FromPngFile(path))));
 }
 
-int Get(const std::vector<std::string>& args) {
+int Get(const std::vector<std::string>& args, DateValue now) {
   if (args.size() != 3)
     return Usage();
-  LoadedForm loaded(args[0]);
+  LoadedForm loaded(args[0], now);
   std::cout << ValueText(Dispatch(loaded.Find(args[1])).Get(args[2])) << "\n";
   return 0;
 }
 
 // The control's own setter judges the value; the file is replaced only when it took it.
-int Set(const std::vector<std::string>& args) {
+int Set(const std::vector<std::string>& args, DateValue now) {
   if (args.size() != 4)
     return Usage();
-  LoadedForm loaded(args[0]);
+  LoadedForm loaded(args[0], now);
   Dispatch control(loaded.Find(args[1]));
   const PropertyInfo* property = control.Info().FindProperty(args[2]);
   if (property && property->type == MemberType::Font)
@@ -160,30 +165,28 @@ int Set(const std::vector<std::string>& args) {
   return 0;
 }
 
-int Sql(const std::vector<std::string>& args) {
-  if (args.size() != 2 && !(args.size() == 4 && args[2] == "--today"))
+int Sql(const std::vector<std::string>& args, DateValue now) {
+  if (args.size() != 2)
     return Usage();
-  DateValue today = SystemNow();
-  if (args.size() == 4) {
-    int year = 0, month = 0, day = 0;
-    char rest = 0;
-    if (std::sscanf(args[3].c_str(), "%d-%d-%d%c", &year, &month, &day, &rest) != 3 || month < 1 ||
-        month > 12 || day < 1 || day > 31)
-      return Fail("--today wants a date as YYYY-MM-DD, not \"" + args[3] + "\"");
-    today = DateSerial(year, month, day) + 0.5;
-  }
-  // The day is set before the form loads: options such as Last Month are computed then.
-  RegisterTarnbrookClasses();
-  RegisterStandardControls();
-  MemoryPlatform platform;
-  platform.SetNow(today);
-  Container form;
-  form.LoadFromFile(args[0]);
-  Control* control = form.Find(args[1]);
-  if (!control)
-    return Fail("The form has no control named \"" + args[1] + "\"");
-  std::cout << Dispatch(*control).Call("SQL").ToString() << "\n";
+  LoadedForm loaded(args[0], now);
+  std::cout << Dispatch(loaded.Find(args[1])).Call("SQL").ToString() << "\n";
   return 0;
+}
+
+// Takes "--today YYYY-MM-DD" out of the arguments: that day at noon, else the system's now.
+// A day that is no day is the argument's fault, said before any file is read.
+std::optional<DateValue> TakeToday(std::vector<std::string>& args) {
+  const auto option = std::find(args.begin(), args.end(), "--today");
+  if (option == args.end())
+    return SystemNow();
+  if (option + 1 == args.end())
+    return std::nullopt;
+  const std::optional<DateValue> day = IsoDate(*(option + 1));
+  if (!day)
+    throw std::invalid_argument("--today wants an existing day as YYYY-MM-DD, not \"" +
+                                *(option + 1) + "\"");
+  args.erase(option, option + 2);
+  return DateAdd("h", 12, *day);
 }
 
 } // namespace
@@ -199,12 +202,14 @@ int main(int argc, char** argv) {
       return Classes();
     if (command == "describe")
       return Describe(args);
-    if (command == "get")
-      return Get(args);
-    if (command == "set")
-      return Set(args);
-    if (command == "sql")
-      return Sql(args);
+    if (command == "get" || command == "set" || command == "sql") {
+      const std::optional<DateValue> now = TakeToday(args);
+      if (!now)
+        return Usage();
+      return command == "get"   ? Get(args, *now)
+             : command == "set" ? Set(args, *now)
+                                : Sql(args, *now);
+    }
   } catch (const ControlError& error) {
     return Fail(ErrorText(error));
   } catch (const std::exception& error) {

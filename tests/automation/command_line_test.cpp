@@ -6,6 +6,7 @@
 #include "calendar/month_calendar.hpp"
 #include "common/picture.hpp"
 #include "dateselect/date_select.hpp"
+#include "platform/system_clock.hpp"
 
 namespace tarnbrook {
 namespace {
@@ -119,8 +120,31 @@ TEST_F(CommandLineTest, SqlOfASavedDateSelectForAGivenDay) {
   EXPECT_EQ(march.out, " OrderDate BETWEEN #2/1/2024# AND #2/29/2024# \n");
   Output january = Tarnbrook("sql " + path + " Orders --today 2025-01-03");
   EXPECT_EQ(january.out, " OrderDate BETWEEN #12/1/2024# AND #12/31/2024# \n");
-  EXPECT_NE(Tarnbrook("sql " + path + " Orders --today 2025-13-01").status, 0);
   EXPECT_NE(Tarnbrook("sql " + path + " Missing").status, 0);
+
+  // A day before 30 December 1899 is that day, not the next; a day that is none is the
+  // argument's fault, not the form's.
+  Output old = Tarnbrook("sql " + path + " Orders --today 1800-03-15");
+  EXPECT_EQ(old.out, " OrderDate BETWEEN #2/1/1800# AND #2/28/1800# \n");
+  for (const char* bad : {"2025-13-01", "2025-02-29", "tomorrow"}) {
+    Output refused = Tarnbrook("sql " + path + " Orders --today " + bad);
+    EXPECT_NE(refused.status, 0);
+    EXPECT_EQ(refused.err, "tarnbrook: --today wants an existing day as YYYY-MM-DD, not \"" +
+                               std::string(bad) + "\"\n");
+  }
+}
+
+// get and set load the form on a day too: the system's, or the one named.
+TEST_F(CommandLineTest, GetAndSetTakeTodayFromTheClockOrTheCommandLine) {
+  Output start = Tarnbrook("get " + path + " Orders StartDate --today 2024-03-15");
+  EXPECT_EQ(start.out, "2/1/2024\n") << start.err;
+  EXPECT_EQ(Tarnbrook("set " + path + " Orders SQLPrefix WHERE --today 2024-03-15").status, 0);
+  EXPECT_NE(ReadFile(path).find("\"Selectedyear\": {\n          \"Integer\": 2024"),
+            std::string::npos);
+  const DateValue now = SystemNow();
+  const DateValue lastMonth = DateSerial(Year(now), Month(now) - 1, 1);
+  EXPECT_EQ(Tarnbrook("get " + path + " Orders StartDate").out,
+            std::to_string(Month(lastMonth)) + "/1/" + std::to_string(Year(lastMonth)) + "\n");
 }
 
 } // namespace

@@ -30,6 +30,16 @@ TEST(DateRuntime, DateSerialAndTimeSerialRollOverBothWays) {
   EXPECT_EQ(TimeSerial(0, -1, 0), At(1899, 12, 29, 23, 59));
 }
 
+// Days as a command line writes them: only existing days, whole, and never rolled over.
+TEST(DateRuntime, IsoDatesAreExistingDaysOnly) {
+  EXPECT_EQ(IsoDate("1800-01-01"), At(1800, 1, 1));
+  EXPECT_EQ(IsoDate("2004-02-29"), At(2004, 2, 29));
+  EXPECT_EQ(IsoDate("9999-12-31"), At(9999, 12, 31));
+  for (const char* bad : {"2003-02-29", "2004-13-01", "2004-00-10", "0050-01-01", "2004-1-01",
+                          "2004-01-01x", "2004/01/01", "", "abcd-ef-gh"})
+    EXPECT_FALSE(IsoDate(bad).has_value()) << bad;
+}
+
 TEST(DateRuntime, DateAddClipsToMonthEndAndCarriesAcrossNegativeSerials) {
   EXPECT_EQ(DateAdd("m", 1, At(2004, 1, 31, 18)), At(2004, 2, 29, 18));
   EXPECT_EQ(DateAdd("q", 1, At(2004, 11, 30)), At(2005, 2, 28));

@@ -108,6 +108,8 @@ TEST_F(PickerAppearanceTest, AButtonStyleAbove2IsRefused) {
   EXPECT_EQ(error.Source(), "Tarnbrook.DatePicker");
   EXPECT_EQ(error.Description(), "Invalid ButtonStyle!");
   EXPECT_EQ(picker->ButtonStyle(), dtpButtonThin3D);
+  picker->SetCalendarButtonStyle(-1); // only styles above the last are refused
+  EXPECT_EQ(picker->CalendarButtonStyle(), -1);
 }
 
 } // namespace

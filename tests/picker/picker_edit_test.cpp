@@ -59,6 +59,10 @@ TEST_F(PickerEditTest, KeysMoveBetweenFieldsWithoutWrapAndStepWithinTheLimits) {
   platform.Key('Z', MemoryPlatform::CtrlKey);
   EXPECT_EQ(Date(), DateSerial(2002, 12, 31));
   EXPECT_EQ(log.Take(), Log{"Change"});
+  // Only Shift alone or Ctrl alone block a key: both together step, as they always have.
+  platform.Key(VK_UP, MemoryPlatform::ShiftKey | MemoryPlatform::CtrlKey);
+  EXPECT_EQ(Date(), DateSerial(2003, 12, 31));
+  EXPECT_EQ(log.Take(), Log{"Change"});
 }
 
 TEST_F(PickerEditTest, AnEmptyPickerTakesItsLastDateAgainWhenAKeyReachesIt) {
