@@ -11,6 +11,7 @@
 #include "common/control_error.hpp"
 #include "common/text.hpp"
 #include "host/control_registry.hpp"
+#include "host/file_replace.hpp"
 #include "host/form_file.hpp"
 #include "platform/escaped_error.hpp"
 #include "platform/platform.hpp"
@@ -27,27 +28,6 @@ namespace {
 [[noreturn]] void SaveFailure(const std::string& path, const std::string& what) {
   throw ControlError(errFormFileSave, "Tarnbrook",
                      MendUtf8("Form file '" + path + "': cannot be written (" + what + ")"));
-}
-
-// Closes a descriptor when it goes.
-struct Descriptor {
-  int fd;
-  ~Descriptor() {
-    if (fd >= 0)
-      ::close(fd);
-  }
-};
-
-bool WriteAll(int fd, const std::string& text) {
-  for (size_t done = 0; done < text.size();) {
-    ssize_t n = ::write(fd, text.data() + done, text.size() - done);
-    if (n < 0 && errno == EINTR)
-      continue;
-    if (n <= 0)
-      return false;
-    done += size_t(n);
-  }
-  return true;
 }
 
 } // namespace
@@ -184,30 +164,8 @@ std::string Container::SaveToText(const std::string& fileName) const {
 // The text goes to a new file beside the old one, reaches the disk, and only then takes the
 // old one's name: a failure at any step leaves the old file as it was.
 void Container::SaveToFile(const std::string& path) const {
-  std::string text = SaveToText(path);
-  std::string temporary = path + ".XXXXXX";
-  Descriptor file{::mkstemp(temporary.data())};
-  if (file.fd < 0)
-    SaveFailure(path, std::strerror(errno));
-  bool written = WriteAll(file.fd, text) && ::fsync(file.fd) == 0;
-  int error = errno;
-  if (written) {
-    written = ::close(std::exchange(file.fd, -1)) == 0;
-    error = errno;
-  }
-  if (written && ::rename(temporary.c_str(), path.c_str()) != 0) {
-    written = false;
-    error = errno;
-  }
-  if (!written) {
-    ::unlink(temporary.c_str());
-    SaveFailure(path, std::strerror(error));
-  }
-  // The new name reaches the disk with the folder.
-  std::string folder =
-      path.find('/') == std::string::npos ? "." : path.substr(0, path.rfind('/') + 1);
-  if (Descriptor directory{::open(folder.c_str(), O_RDONLY | O_DIRECTORY)}; directory.fd >= 0)
-    ::fsync(directory.fd);
+  if (const std::string failure = ReplaceFile(path, SaveToText(path)); !failure.empty())
+    SaveFailure(path, failure);
 }
 
 void Container::LoadFromText(const std::string& text, const std::string& fileName) {

@@ -141,6 +141,13 @@ TEST_F(CommandLineTest, GetAndSetTakeTodayFromTheClockOrTheCommandLine) {
   EXPECT_EQ(Tarnbrook("set " + path + " Orders SQLPrefix WHERE --today 2024-03-15").status, 0);
   EXPECT_NE(ReadFile(path).find("\"Selectedyear\": {\n          \"Integer\": 2024"),
             std::string::npos);
+  // A file made read-only stays as it was.
+  const std::string saved = ReadFile(path);
+  std::system(("chmod 0444 " + path).c_str());
+  Output refused = Tarnbrook("set " + path + " Orders SQLPrefix FROM");
+  EXPECT_NE(refused.err.find("cannot be written (Permission denied)"), std::string::npos);
+  EXPECT_EQ(ReadFile(path), saved);
+  std::system(("chmod 0644 " + path).c_str());
   const DateValue now = SystemNow();
   const DateValue lastMonth = DateSerial(Year(now), Month(now) - 1, 1);
   EXPECT_EQ(Tarnbrook("get " + path + " Orders StartDate").out,

@@ -83,6 +83,33 @@ TEST_F(FormFileLimitsTest, AFailedSaveLeavesTheOldFileAndNoLitter) {
                 "': cannot be written (No such file or directory)");
 }
 
+// A save keeps what the file was: its mode, the symlink it is reached by, and being read-only.
+TEST_F(FormFileLimitsTest, ASaveKeepsTheFilesModeLinkAndReadOnlyState) {
+  const fs::path path = folder / "form.json";
+  form.SaveToFile(path.string());
+  fs::permissions(path, fs::perms(0640));
+  form.SaveToFile(path.string());
+  EXPECT_EQ(fs::status(path).permissions(), fs::perms(0640));
+
+  const fs::path link = folder / "link.json";
+  fs::create_symlink("form.json", link);
+  form.SaveToFile(link.string());
+  EXPECT_TRUE(fs::is_symlink(fs::symlink_status(link)));
+
+  fs::permissions(path, fs::perms(0444));
+  const std::string before = ReadFile(path);
+  static_cast<ProbeControl&>(*form.Find("Probe")).extras.WriteProperty("More", "text", Variant());
+  EXPECT_EQ(Refusal(31036, [&] { form.SaveToFile(link.string()); }),
+            "Form file '" + link.string() + "': cannot be written (Permission denied)");
+  EXPECT_EQ(ReadFile(path), before);
+
+  // A temporary that a save cut off left behind is plainly ours, and the next save removes it.
+  fs::permissions(path, fs::perms(0644));
+  std::ofstream(folder / ".form.json.tarnbrook-save-AbC123") << "half a form";
+  form.SaveToFile(path.string());
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 2) << "form.json and link.json";
+}
+
 TEST_F(FormFileLimitsTest, OnlyRegularFilesOfBoundedSizeAreRead) {
   const std::string dir = folder.string();
   EXPECT_EQ(Refusal(31037, [&] { form.LoadFromFile(dir); }),
