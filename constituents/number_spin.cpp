@@ -134,7 +134,7 @@ void NumberSpin::SetBackColor(OleColor color) {
 }
 
 void NumberSpin::SetFont(const tarnbrook::Font& font) {
-  font_ = font;
+  font_ = CheckedFont(font);
   Redraw();
   PropertyChanged("Font");
 }

@@ -267,7 +267,9 @@ void DateSelect::SetForeColor(OleColor color) {
   PropertyChanged("ForeColor");
 }
 
-void DateSelect::SetFont(const tarnbrook::Font& font) {
+// Checked once, before any constituent takes it: a refused font leaves every one as it was.
+void DateSelect::SetFont(const tarnbrook::Font& requested) {
+  const tarnbrook::Font font = CheckedFont(requested);
   font_ = font;
   for (ComboListX* list : Lists())
     list->SetFont(font);

@@ -81,7 +81,7 @@ void CheckBox::SetForeColor(OleColor color) {
 }
 
 void CheckBox::SetFont(const tarnbrook::Font& font) {
-  font_ = font;
+  font_ = CheckedFont(font);
   PropertyChanged("Font");
   Refresh();
 }

@@ -167,7 +167,7 @@ int32_t ComboBox::ItemHeight() const {
 }
 
 void ComboBox::SetFont(const tarnbrook::Font& font) {
-  font_ = font;
+  font_ = CheckedFont(font);
   itemHeight_ = MeasureItemHeight(font_);
   KeepFieldHeight();
   ListChanged();

@@ -61,7 +61,7 @@ void Label::SetForeColor(OleColor color) {
 }
 
 void Label::SetFont(const tarnbrook::Font& font) {
-  font_ = font;
+  font_ = CheckedFont(font);
   PropertyChanged("Font");
   Refresh();
 }

@@ -141,7 +141,7 @@ void TextBox::SetForeColor(OleColor color) {
 }
 
 void TextBox::SetFont(const tarnbrook::Font& font) {
-  font_ = font;
+  font_ = CheckedFont(font);
   edges_.clear();
   PropertyChanged("Font");
   KeepCaretVisible();

@@ -2,6 +2,7 @@
 // defaults. A form opened and saved again keeps its bytes, and the same settings made afresh
 // save to the same bytes, so no key, order, type or default can drift unnoticed.
 // TARNBROOK_WRITE_FORMS=1 writes the files anew (only when a Part changes what is saved).
+#include <cmath>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -185,6 +186,38 @@ TEST_F(SavedFormsTest, EveryClassSavesTheBytesItSavedBefore) {
   Container reopened(640, 480);
   reopened.LoadFromText(saved.str());
   EXPECT_EQ(reopened.SaveToText(), saved.str());
+}
+
+// One font check for every control, before anything is stored; a mended name still saves
+// and loads.
+TEST_F(SavedFormsTest, EveryControlChecksAFontBeforeItStoresIt) {
+  MadeAfresh();
+  auto refuses = [&](const char* name, auto& control) {
+    const Font before = control.Font();
+    for (float size : {std::nanf(""), 1e30f, 0.0f, -8.0f}) {
+      Font bad = Serif();
+      bad.Size = size;
+      EXPECT_EQ(RaisedNumber([&] { control.SetFont(bad); }), rtInvalidPropertyValue)
+          << name << " " << size;
+    }
+    EXPECT_EQ(control.Font(), before) << name;
+  };
+  auto& select = static_cast<DateSelect&>(*form->Find("Select1"));
+  refuses("Picker1", static_cast<DatePicker&>(*form->Find("Picker1")));
+  refuses("Select1", select);
+  refuses("Spin1", static_cast<NumberSpin&>(*form->Find("Spin1")));
+  refuses("List1", static_cast<ComboListX&>(*form->Find("List1")));
+  refuses("Text1", static_cast<TextBox&>(*form->Find("Text1")));
+  refuses("Check1", static_cast<CheckBox&>(*form->Find("Check1")));
+  refuses("Label1", static_cast<Label&>(*form->Find("Label1")));
+  EXPECT_EQ(select.txtCustomRange().Font(), select.Font()); // no constituent took a bad one
+
+  Font odd = Serif();
+  odd.Name = "Serif\xFF";
+  static_cast<Label&>(*form->Find("Label1")).SetFont(odd);
+  Container reopened(640, 480);
+  reopened.LoadFromText(form->SaveToText());
+  EXPECT_EQ(static_cast<Label&>(*reopened.Find("Label1")).Font().Name, "Serif\xEF\xBF\xBD");
 }
 
 } // namespace
