@@ -88,7 +88,8 @@ int32_t MonthCalendar::SelectedMonth() const {
 }
 
 void MonthCalendar::SetSelectedMonth(int32_t month) {
-  cboMonth_->SetListIndex(month - 1);
+  // The list refuses every index below -1, the lowest month's too.
+  cboMonth_->SetListIndex(month > INT32_MIN ? month - 1 : month);
   PropertyChanged("SelectedMonth");
   PropertyChanged("Value");
 }

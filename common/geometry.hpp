@@ -3,6 +3,12 @@
 
 namespace tarnbrook {
 
+// a + b, held at the ends of the 32-bit range instead of wrapping.
+constexpr int32_t SaturatedSum(int64_t a, int64_t b) {
+  const int64_t sum = a + b;
+  return sum > INT32_MAX ? INT32_MAX : sum < INT32_MIN ? INT32_MIN : static_cast<int32_t>(sum);
+}
+
 struct Point {
   int32_t x = 0;
   int32_t y = 0;

@@ -217,12 +217,14 @@ void ComboListX::Layout() {
   const int32_t width = ScaleWidth();
   const int32_t height = ScaleHeight();
   const int32_t border = BorderWidth();
-  const int32_t left = width - buttonWidth_;
-  button_.Init(DFC_SCROLL, DFCS_SCROLLCOMBOBOX, Surface().hDC(), 0, left, height, buttonWidth_);
+  // Any width is kept as set; what is drawn stays within the frame.
+  const int32_t button = std::clamp(buttonWidth_, 0, width);
+  const int32_t left = width - button;
+  button_.Init(DFC_SCROLL, DFCS_SCROLLCOMBOBOX, Surface().hDC(), 0, left, height, button);
   button_.Border = buttonStyle_;
   button_.Enabled = Enabled();
   if (buttonStyle_ == FlatButtonStyle)
-    button_.Move(1, left + 1, height - 2, buttonWidth_ - 2);
+    button_.Move(1, left + 1, height - 2, button - 2);
   // The field's height is its own (set by its font); Move only places it, in the middle of
   // a frame taller than it needs.
   const int32_t field = cbo_->FieldHeight();

@@ -2,6 +2,7 @@
 // typed digits with their delayed commit, and its picture.
 #include "constituents/number_spin.hpp"
 
+#include <algorithm>
 #include <chrono>
 #include <string>
 #include <thread>
@@ -285,16 +286,22 @@ void NumberSpin::LayoutButtons() {
   const int32_t width = ScaleWidth();
   const int32_t height = ScaleHeight();
   const int32_t half = height / 2;
-  const int32_t left = width - buttonWidth_;
+  const int32_t button = ShownButtonWidth();
+  const int32_t left = width - button;
   auto place = [&](CFrame& frame, int32_t style, int32_t top, int32_t bottom) {
-    frame.Init(DFC_SCROLL, style, Surface().hDC(), top, left, bottom - top, buttonWidth_);
+    frame.Init(DFC_SCROLL, style, Surface().hDC(), top, left, bottom - top, button);
     frame.Border = buttonStyle_;
     frame.Enabled = Enabled();
     if (buttonStyle_ == FlatButtonStyle)
-      frame.Move(top + 1, left + 1, bottom - top - 2, buttonWidth_ - 2);
+      frame.Move(top + 1, left + 1, bottom - top - 2, button - 2);
   };
   place(up_, DFCS_SCROLLUP, 0, half);
   place(down_, DFCS_SCROLLDOWN, half, height);
+}
+
+// Any width is kept as set; what is drawn stays within the box.
+int32_t NumberSpin::ShownButtonWidth() const {
+  return std::clamp(buttonWidth_, 0, ScaleWidth());
 }
 
 int32_t NumberSpin::BorderWidth() const {
@@ -333,7 +340,7 @@ void NumberSpin::OnPaint() {
     surface.DrawText(text, left - 1, top + 1, textWidth, textHeight - 2, vbHighlightText,
                      vbHighlight, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX, true);
   } else {
-    surface.DrawText(text, left, top, width - buttonWidth_ - left, textHeight,
+    surface.DrawText(text, left, top, width - ShownButtonWidth() - left, textHeight,
                      enabled ? foreColor_ : vbGrayText, OleColorNone,
                      DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX, true);
   }
@@ -345,7 +352,7 @@ void NumberSpin::OnPaint() {
   if (hasFocus_ && enabled) {
     const int32_t inset = border + 1;
     Canvas::FromHandle(surface.hDC())
-        ->DrawFocusRect({inset, inset, width - inset - buttonWidth_, height - inset});
+        ->DrawFocusRect({inset, inset, width - inset - ShownButtonWidth(), height - inset});
   }
   DrawBorderStyle(surface, borderStyle_, 0, 0, width, height, SystemColor(COLOR_WINDOWFRAME));
 }

@@ -83,6 +83,7 @@ private:
   void TimerTick();
   void LayoutButtons();
   int32_t BorderWidth() const;
+  int32_t ShownButtonWidth() const;
   void Redraw();
 
   EventSource<NumberSpinEvents> events_;

@@ -1,5 +1,6 @@
 #include "winplumb/drop_down_placement.hpp"
 
+#include "common/geometry.hpp"
 #include "platform/messages.hpp"
 
 namespace tarnbrook {
@@ -10,8 +11,8 @@ enum DropDownAnimation : int32_t { AnimateBlend = 1, AnimateSlide = 2, AnimateRo
 
 DropDownPlacement PlaceDropDown(int32_t Y, int32_t Height, int32_t ParentHeight,
                                 int32_t workBottom) {
-  if (Y + Height > workBottom) {
-    return {Y - ParentHeight - Height, AW_VER_NEGATIVE};
+  if (int64_t(Y) + Height > workBottom) {
+    return {SaturatedSum(int64_t(Y) - ParentHeight, -int64_t(Height)), AW_VER_NEGATIVE};
   }
   return {Y, AW_VER_POSITIVE};
 }

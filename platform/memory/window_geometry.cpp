@@ -38,7 +38,7 @@ bool MemoryPlatform::MoveWindow(HWND hwnd, int32_t x, int32_t y, int32_t width, 
     return false;
   }
   Rect old = window->rect;
-  window->rect = {x, y, x + width, y + height};
+  window->rect = {x, y, SaturatedSum(x, width), SaturatedSum(y, height)};
   Size client = ClientSize(*window);
   bool resized = old.Width() != width || old.Height() != height;
   if (resized) {
