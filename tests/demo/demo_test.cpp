@@ -25,12 +25,15 @@ TEST_F(DemoTest, ADayPickedOnTheDroppedDownCalendarReachesThePickerAndTheSavedFo
             (Lines{"MouseDown 1 0 142 10", "BeforeCalendarDropDown False", "AfterCalendarDropDown",
                    "MouseUp 1 0 142 10", "Change", "BeforeCalendarCloseUp False",
                    "AfterCalendarCloseUp"}));
-  EXPECT_EQ(Pixel(OnCalendar(100, 33)), ButtonFace); // the form again
-  // "11/21/2026" became "11/26/2026": only the day's digits changed.
-  auto [first, last] = ChangedColumns(before, In(layout::Picker1, 0, 2));
-  EXPECT_GE(first, 20);
-  EXPECT_LT(last, 45);
-  EXPECT_LE(first, last);
+  // The form again, and "11/21/2026" became "11/26/2026": only the day's digits changed, once
+  // the X server shows the picker's new picture.
+  EXPECT_TRUE(WaitUntil([&] { return Pixel(OnCalendar(100, 33)) == ButtonFace; }));
+  std::pair<int32_t, int32_t> changed;
+  EXPECT_TRUE(WaitUntil([&] {
+    changed = ChangedColumns(before, In(layout::Picker1, 0, 2));
+    return changed.first >= 20 && changed.second < 45 && changed.first <= changed.second;
+  })) << changed.first
+      << ".." << changed.second;
 
   Stop();
   std::string saved{std::istreambuf_iterator<char>(std::ifstream(formFile).rdbuf()), {}};
