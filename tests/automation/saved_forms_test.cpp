@@ -144,9 +144,16 @@ protected:
     auto& spin = Add<NumberSpin>("Spin1");
     spin.SetButtonWidth(12);
     spin.SetEnabled(false);
+    spin.SetValue(1999); // these and the list's looks are not saved
+    spin.SetButtonStyle(1);
+    spin.SetBorderStyle(dtpBorderNone);
     auto& list = Add<ComboListX>("List1");
     list.SetButtonWidth(14);
     list.SetEnabled(false);
+    list.SetButtonStyle(1);
+    list.SetBorderStyle(dtpBorderNone);
+    list.SetBackColor(22);
+    list.AddItem("Unsaved");
     auto& text = Add<TextBox>("Text1");
     text.SetText("Hello\n\"quoted\" \xC3\xA9");
     text.SetMaxLength(40);

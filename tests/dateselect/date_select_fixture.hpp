@@ -12,6 +12,7 @@
 #include "host/control_registry.hpp"
 #include "host/type_info.hpp"
 #include "platform/memory/memory_platform.hpp"
+#include "tests/support/hand.hpp"
 #include "tests/support/raised.hpp"
 
 namespace tarnbrook {
@@ -59,34 +60,12 @@ protected:
   }
   Range Dates() const { return {ds->StartDate(), ds->EndDate()}; }
 
-  // A person's click at a point of a constituent, by default its middle.
-  void ClickAt(Control& control, int32_t x = -1, int32_t y = -1) {
-    const Point p =
-        platform.ClientToScreen(control.hWnd(), {x < 0 ? control.ScaleWidth() / 2 : x,
-                                                 y < 0 ? control.ScaleHeight() / 2 : y});
-    platform.Click(p.x, p.y);
-  }
-  // Drops a list with the keyboard, moves `steps` entries down (up when negative), picks.
-  void PickWithKeys(ComboListX& list, int steps) {
-    list.cbo().SetFocus();
-    platform.Key(VK_F4);
-    for (int i = 0; i < std::abs(steps); ++i)
-      platform.Key(steps > 0 ? VK_DOWN : VK_UP);
-    platform.Key(VK_RETURN);
-  }
   // A click on the spin's up or down button.
   void ClickSpin(bool up) {
     NumberSpin& spin = ds->spnYear();
-    ClickAt(spin, spin.ScaleWidth() - 2 - spin.ButtonWidth() / 2,
-            up ? spin.ScaleHeight() / 4 : spin.ScaleHeight() * 3 / 4);
+    hand.Click(spin, spin.ScaleWidth() - 2 - spin.ButtonWidth() / 2,
+               up ? spin.ScaleHeight() / 4 : spin.ScaleHeight() * 3 / 4);
   }
-  // Replaces the custom number's text as a person does.
-  void TypeCustomNumber(const std::string& text) {
-    ClickAt(ds->txtCustomRange());
-    platform.Key('A', MemoryPlatform::CtrlKey);
-    platform.Type(text);
-  }
-
   // The form saved and opened again in a form of its own, beside the first one so that
   // clicks still reach that, which keeps the focus.
   DateSelect& Reloaded() {
@@ -101,6 +80,7 @@ protected:
   }
 
   MemoryPlatform platform;
+  Hand hand{platform};
   Container form;
   DateSelect* ds = nullptr;
   EventLog log;

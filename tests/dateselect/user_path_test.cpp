@@ -37,7 +37,7 @@ protected:
     return false;
   }
   void TypeYear(const std::string& digits) {
-    ClickAt(ds->spnYear(), 8);
+    hand.Click(ds->spnYear(), 8);
     platform.Type(digits);
     platform.Advance(750);
   }
@@ -81,7 +81,7 @@ TEST_F(UserPathTest, EveryOptionPickedSavedAndReloaded) {
   // clang-format on
   for (const Case& c : cases) {
     SCOPED_TRACE(testing::Message() << "option " << c.option);
-    PickWithKeys(ds->cboSelection(), c.steps);
+    hand.PickWithKeys(ds->cboSelection().cbo(), c.steps);
     Log expected = picked;
     if (c.option == dtsLastMonth)
       expected = {"YearChange", "Change", "MonthChange", "Change", "SelectionChange", "Change"};
@@ -111,7 +111,7 @@ TEST_F(UserPathTest, EveryOptionPickedSavedAndReloaded) {
 TEST_F(UserPathTest, TheOptionListPickedWithTheMouse) {
   ComboListX& list = ds->cboSelection();
   auto pick = [&](int32_t entry) {
-    ClickAt(list, list.ScaleWidth() - 2 - list.ButtonWidth() / 2);
+    hand.Click(list, list.ScaleWidth() - 2 - list.ButtonWidth() / 2);
     const std::vector<HWND> windows = platform.Children(platform.GetDesktopWindow());
     const Rect box = platform.GetWindowRect(windows.back()); // the list, dropped on top
     const int32_t row = list.cbo().ItemHeight();
@@ -129,7 +129,7 @@ TEST_F(UserPathTest, TheOptionListPickedWithTheMouse) {
 
 // The year spin: typed, stepped with its buttons and keys, and one step past 9999.
 TEST_F(UserPathTest, TheYearTypedOrSteppedIsTheYearOfTheDatesAndTheSql) {
-  PickWithKeys(ds->cboSelection(), dtsYear);
+  hand.PickWithKeys(ds->cboSelection().cbo(), dtsYear);
   log.Take();
   TypeYear("1999");
   EXPECT_EQ(log.Take(), (Log{"YearChange", "Change"}));
@@ -147,7 +147,7 @@ TEST_F(UserPathTest, TheYearTypedOrSteppedIsTheYearOfTheDatesAndTheSql) {
   EXPECT_EQ(ds->SelectedYear(), 2000);
 
   // A press ends the typing pause, and with it the digits typed so far.
-  ClickAt(ds->spnYear(), 8);
+  hand.Click(ds->spnYear(), 8);
   platform.Type("18");
   ClickSpin(true);
   platform.Advance(2000);
@@ -169,9 +169,9 @@ TEST_F(UserPathTest, TheYearTypedOrSteppedIsTheYearOfTheDatesAndTheSql) {
 }
 
 TEST_F(UserPathTest, MonthAndOperatorPickedFromTheirLists) {
-  PickWithKeys(ds->cboSelection(), dtsMonth);
+  hand.PickWithKeys(ds->cboSelection().cbo(), dtsMonth);
   log.Take();
-  PickWithKeys(ds->cboMonth(), -2);
+  hand.PickWithKeys(ds->cboMonth().cbo(), -2);
   EXPECT_EQ(log.Take(), (Log{"MonthChange", "Change"}));
   EXPECT_EQ(ds->SelectedMonth(), dtsMarch);
   EXPECT_EQ(Dates(), Days(2004, 3, 1, 2004, 3, 31));
@@ -179,7 +179,7 @@ TEST_F(UserPathTest, MonthAndOperatorPickedFromTheirLists) {
   // December 9999 ends past the last date: refused, and the list shows March again.
   TypeYear("9999");
   log.Take();
-  PickWithKeys(ds->cboMonth(), 9);
+  hand.PickWithKeys(ds->cboMonth().cbo(), 9);
   EXPECT_EQ(reported, std::vector<int>{rtInvalidProcedureCall});
   EXPECT_EQ(ds->cboMonth().ListIndex(), 2);
   EXPECT_EQ(ds->SQLCriteria(), "Date BETWEEN 3/1/9999 AND 3/31/9999");
@@ -187,11 +187,11 @@ TEST_F(UserPathTest, MonthAndOperatorPickedFromTheirLists) {
 
   // A new control's operator is the list's "=", as a reloaded one's is. Expression keeps the
   // start date that Month left; a reloaded control's is today.
-  PickWithKeys(ds->cboSelection(), dtsExpression - dtsMonth);
+  hand.PickWithKeys(ds->cboSelection().cbo(), dtsExpression - dtsMonth);
   EXPECT_EQ(ds->cboOperator().Text(), "=");
   EXPECT_EQ(ds->SQLCriteria(), "Date=3/1/9999");
   log.Take();
-  PickWithKeys(ds->cboOperator(), 2);
+  hand.PickWithKeys(ds->cboOperator().cbo(), 2);
   EXPECT_EQ(log.Take(), (Log{"OperatorChange", "Change"}));
   EXPECT_EQ(ds->Operator(), ">=");
   EXPECT_EQ(ds->SQLCriteria(), "Date>=3/1/9999");
@@ -200,16 +200,16 @@ TEST_F(UserPathTest, MonthAndOperatorPickedFromTheirLists) {
 }
 
 TEST_F(UserPathTest, TheCustomRangeTypedTickedAndItsUnitPicked) {
-  PickWithKeys(ds->cboSelection(), dtsCustomRange);
+  hand.PickWithKeys(ds->cboSelection().cbo(), dtsCustomRange);
   log.Take();
-  TypeCustomNumber("3");
+  hand.TypeOver(ds->txtCustomRange(), "3");
   EXPECT_EQ(log.Take(), (Log{"CustomRangeChange", "Change"}));
   EXPECT_EQ(Dates(), Days(2004, 5, 7, 2004, 5, 9));
   CheckBox& box = ds->chkCustom();
-  ClickAt(box, 6);
+  hand.Click(box, 6);
   EXPECT_EQ(log.Take(), Log{"Change"});
   EXPECT_EQ(Dates(), Days(2004, 5, 7, 2004, 5, 10));
-  PickWithKeys(ds->cboCustomChoice(), 1);
+  hand.PickWithKeys(ds->cboCustomChoice().cbo(), 1);
   EXPECT_EQ(log.Take(), (Log{"CustomSelectionChange", "Change"}));
   EXPECT_EQ(Dates(), Days(2004, 4, 19, 2004, 5, 10));
   // The box is not saved: a reloaded range ends before today again.
@@ -219,7 +219,7 @@ TEST_F(UserPathTest, TheCustomRangeTypedTickedAndItsUnitPicked) {
   for (const char* bad : {"abc", "0"}) {
     SCOPED_TRACE(bad);
     const size_t boxes = platform.MessageBoxes().size();
-    TypeCustomNumber(bad);
+    hand.TypeOver(ds->txtCustomRange(), bad);
     EXPECT_EQ(Dates(), Days(2004, 5, 10, 2004, 5, 10));
     EXPECT_EQ(RaisedNumber([&] { ds->SQL(); }), std::string(bad) == "abc" ? rtTypeMismatch : 0);
     platform.Key(VK_TAB);
@@ -231,7 +231,7 @@ TEST_F(UserPathTest, TheCustomRangeTypedTickedAndItsUnitPicked) {
   // Each digit changes the text. A range the fields cannot show gives their error and keeps
   // the last dates they could: 9999 weeks back, in 1812.
   log.Take();
-  TypeCustomNumber("99999999");
+  hand.TypeOver(ds->txtCustomRange(), "99999999");
   EXPECT_EQ(reported, (std::vector<int>{2050, 2050, 2050, 2050}));
   EXPECT_EQ(log.Take().size(), 16u);
   EXPECT_EQ(Dates(), Range(DateSerial(2004, 5, 9) - 7 * 9999 + 1, DateSerial(2004, 5, 10)));
@@ -240,7 +240,7 @@ TEST_F(UserPathTest, TheCustomRangeTypedTickedAndItsUnitPicked) {
 }
 
 TEST_F(UserPathTest, TabVisitsTheShownFieldsInOrder) {
-  PickWithKeys(ds->cboSelection(), dtsDateRange);
+  hand.PickWithKeys(ds->cboSelection().cbo(), dtsDateRange);
   platform.Key(VK_TAB);
   EXPECT_EQ(platform.GetFocus(), ds->dtpFrom().hWnd());
   platform.Key(VK_TAB);

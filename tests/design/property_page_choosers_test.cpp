@@ -18,7 +18,7 @@ TEST_F(PropertyPageTest, TheFormatPreviewShowsTodayAsThePickerWillAsItIsTyped) {
     EXPECT_NE(std::find(offered.begin(), offered.end(), format), offered.end()) << format;
   }
 
-  Enter(formats.txtFormat(), "yyyy");
+  hand.TypeOver(formats.txtFormat(), "yyyy");
   EXPECT_EQ(formats.PreviewText(), "2004");
   platform.Type("-MM-dd");
   EXPECT_EQ(formats.PreviewText(), "2004-05-10");
@@ -56,9 +56,9 @@ TEST_F(PropertyPageTest, ColoursByNameOrByRgbEachPropertyKeepingItsOwnUntilApply
   EXPECT_EQ(chooser.txtRed().Text(), std::to_string(GetSysColor(COLOR_HIGHLIGHT) & 0xFF));
   // Another property shown meanwhile keeps the first one's choice pending.
   auto& same = Member<ColorChooser>(*sheet, "WeekDayColor");
-  Enter(same.txtRed(), "255");
-  Enter(same.txtGreen(), "128");
-  Enter(same.txtBlue(), "0");
+  hand.TypeOver(same.txtRed(), "255");
+  hand.TypeOver(same.txtGreen(), "128");
+  hand.TypeOver(same.txtBlue(), "0");
   EXPECT_EQ(same.cboSystem().ListIndex(), -1);
   EXPECT_EQ(platform.WindowCanvas(same.hWnd())->GetPixel(same.Swatch().left + 5, 10),
             static_cast<COLORREF>(RGB(255, 128, 0)));
@@ -69,8 +69,8 @@ TEST_F(PropertyPageTest, ColoursByNameOrByRgbEachPropertyKeepingItsOwnUntilApply
   EXPECT_EQ(ColorName(RGB(255, 128, 0)), "&H000080FF&");
 
   // A channel beyond 255 is refused when the focus leaves it, and keeps its property shown.
-  Enter(same.txtBlue(), "300");
-  ClickOn(same.txtRed());
+  hand.TypeOver(same.txtBlue(), "300");
+  hand.Click(same.txtRed());
   EXPECT_TRUE(HasFocus(same.txtBlue()));
   EXPECT_EQ(Messages().back(), "Please Enter a whole number from 0 to 255 for the Blue");
   sheet->Page(0).FindEditor("BackColor")->MemberList()->SetText("BackColor");
@@ -91,8 +91,8 @@ TEST_F(PropertyPageTest, FontPartsLeftBlankStayAsEachControlHasThem) {
   EXPECT_EQ(chooser.txtSize().Text(), "");
   EXPECT_EQ(chooser.chkBold().Value(), vbUnchecked);
 
-  ClickOn(chooser.chkBold());
-  ClickOn(chooser.chkItalic());
+  hand.Click(chooser.chkBold());
+  hand.Click(chooser.chkItalic());
   ASSERT_TRUE(sheet->Apply());
   EXPECT_TRUE(first.Font().Bold && second.Font().Bold);
   EXPECT_TRUE(first.Font().Italic && second.Font().Italic);
@@ -101,7 +101,7 @@ TEST_F(PropertyPageTest, FontPartsLeftBlankStayAsEachControlHasThem) {
   EXPECT_EQ(second.Font().Name, secondName);
 
   chooser.cboName().SetText("DejaVu Serif");
-  Enter(chooser.txtSize(), "14");
+  hand.TypeOver(chooser.txtSize(), "14");
   EXPECT_EQ(chooser.PreviewFont().Name, "DejaVu Serif");
   ASSERT_TRUE(sheet->Apply());
   EXPECT_EQ(first.Font().Name, "DejaVu Serif");
@@ -120,8 +120,8 @@ TEST_F(PropertyPageTest, DateSelectVisibleOptionsAndALiveSqlPreview) {
   EXPECT_EQ(preview.Text(), select.SQL());
 
   // The preview follows the fields as they are typed, before anything is applied.
-  Enter(Field(*sheet, "SQLFieldName"), "OrderDate");
-  Enter(Field(*sheet, "SQLPrefix"), "WHERE");
+  hand.TypeOver(Field(*sheet, "SQLFieldName"), "OrderDate");
+  hand.TypeOver(Field(*sheet, "SQLPrefix"), "WHERE");
   EXPECT_EQ(select.SQLFieldName(), "Date");
   EXPECT_NE(preview.Text().find("OrderDate"), std::string::npos) << preview.Text();
   EXPECT_EQ(preview.Text().rfind("WHERE ", 0), 0u) << preview.Text();
@@ -137,7 +137,7 @@ TEST_F(PropertyPageTest, DateSelectVisibleOptionsAndALiveSqlPreview) {
   EXPECT_EQ(today.Caption(), select.Options(dtsToday)->Text());
   EXPECT_EQ(date->Caption(), select.Options(dtsDate)->Text());
   EXPECT_EQ(date->Value(), vbChecked);
-  ClickOn(*date);
+  hand.Click(*date);
   ASSERT_TRUE(sheet->Apply());
   EXPECT_EQ(select.SQL(), promised);
   EXPECT_FALSE(select.Options(dtsDate)->Visible());

@@ -17,6 +17,7 @@
 #include "host/container.hpp"
 #include "picker/date_picker.hpp"
 #include "platform/memory/memory_platform.hpp"
+#include "tests/support/hand.hpp"
 
 namespace tarnbrook {
 
@@ -37,19 +38,6 @@ protected:
     return std::make_unique<PropertySheet>(selection, form->hWnd());
   }
 
-  void ClickOn(const Control& control, int32_t x = 5, int32_t y = 5) {
-    Point p = platform.ClientToScreen(control.hWnd(), {x, y});
-    platform.Click(p.x, p.y);
-  }
-  void ClickButton(PageButton& button) {
-    ClickOn(button, button.ScaleWidth() / 2, button.ScaleHeight() / 2);
-  }
-  // Clicks into a field, selects what it holds and types over it.
-  void Enter(Control& field, const std::string& text) {
-    ClickOn(field);
-    platform.Key('A', MemoryPlatform::CtrlKey);
-    platform.Type(text);
-  }
   Control& Field(PropertySheet& sheet, const std::string& property) {
     PropertyEditor* editor = sheet.Page(sheet.CurrentPage()).FindEditor(property);
     EXPECT_NE(editor, nullptr) << property;
@@ -74,6 +62,7 @@ protected:
   }
 
   MemoryPlatform platform;
+  Hand hand{platform};
   std::unique_ptr<Container> form;
 };
 

@@ -14,11 +14,11 @@ TEST_F(PropertyPageTest, ApplyWritesWhatChangedAndIsEnabledOnlyWhileSomethingIs)
   EXPECT_FALSE(sheet->ApplyButton().Enabled());
   EXPECT_EQ(FieldAs<TextBox>(*sheet, "ButtonWidth").Text(), "16");
 
-  Enter(Field(*sheet, "ButtonWidth"), "24");
-  ClickOn(Field(*sheet, "AllowEmpty")); // a check box: on to off
-  EXPECT_EQ(picker.ButtonWidth(), 16);  // nothing before Apply
+  hand.TypeOver(Field(*sheet, "ButtonWidth"), "24");
+  hand.Click(Field(*sheet, "AllowEmpty")); // a check box: on to off
+  EXPECT_EQ(picker.ButtonWidth(), 16);     // nothing before Apply
   EXPECT_TRUE(sheet->ApplyButton().Enabled());
-  ClickButton(sheet->ApplyButton());
+  hand.Click(sheet->ApplyButton());
   EXPECT_EQ(picker.ButtonWidth(), 24);
   EXPECT_FALSE(picker.AllowEmpty());
   EXPECT_FALSE(sheet->ApplyButton().Enabled());
@@ -37,21 +37,21 @@ TEST_F(PropertyPageTest, ApplyWritesWhatChangedAndIsEnabledOnlyWhileSomethingIs)
 TEST_F(PropertyPageTest, CancelAndTheFramesCloseWriteNothingAndOkWritesAndCloses) {
   auto& picker = Place<DatePicker>("Picker1");
   auto sheet = Open({&picker});
-  Enter(Field(*sheet, "ButtonWidth"), "30");
-  ClickButton(sheet->CancelButton());
+  hand.TypeOver(Field(*sheet, "ButtonWidth"), "30");
+  hand.Click(sheet->CancelButton());
   EXPECT_TRUE(sheet->Closed());
   EXPECT_FALSE(platform.IsWindowVisible(sheet->hWnd()));
   EXPECT_EQ(picker.ButtonWidth(), 16);
 
   sheet = Open({&picker});
-  Enter(Field(*sheet, "ButtonWidth"), "30");
+  hand.TypeOver(Field(*sheet, "ButtonWidth"), "30");
   platform.SendMessage(sheet->hWnd(), WM_CLOSE, 0, 0);
   EXPECT_TRUE(sheet->Closed());
   EXPECT_EQ(picker.ButtonWidth(), 16);
 
   sheet = Open({&picker});
-  Enter(Field(*sheet, "ButtonWidth"), "30");
-  ClickButton(sheet->OkButton());
+  hand.TypeOver(Field(*sheet, "ButtonWidth"), "30");
+  hand.Click(sheet->OkButton());
   EXPECT_TRUE(sheet->Closed());
   EXPECT_EQ(picker.ButtonWidth(), 30);
 }
@@ -70,10 +70,10 @@ TEST_F(PropertyPageTest, SeveralControlsShowBlankWhereTheyDifferAndBlankLeavesEa
   EXPECT_EQ(FieldAs<CheckBox>(*sheet, "AllowEmpty").Value(), vbChecked);
 
   // Visiting a blank field changes nothing; one field set goes to both.
-  ClickOn(Field(*sheet, "ButtonWidth"));
-  ClickOn(Field(*sheet, "TodayButtonCaption"));
+  hand.Click(Field(*sheet, "ButtonWidth"));
+  hand.Click(Field(*sheet, "TodayButtonCaption"));
   EXPECT_FALSE(sheet->ApplyButton().Enabled());
-  Enter(Field(*sheet, "EmptyButtonCaption"), "None");
+  hand.TypeOver(Field(*sheet, "EmptyButtonCaption"), "None");
   ASSERT_TRUE(sheet->Apply());
   EXPECT_EQ(first.ButtonWidth(), 16);
   EXPECT_EQ(second.ButtonWidth(), 20);
@@ -85,8 +85,8 @@ TEST_F(PropertyPageTest, SeveralControlsShowBlankWhereTheyDifferAndBlankLeavesEa
   EXPECT_EQ(second.EmptyButtonCaption(), "None");
 
   // A grayed check box clicked takes one value for both; an emptied text is a value too.
-  ClickOn(Field(*sheet, "ExitOnReturn"));
-  Enter(Field(*sheet, "TodayButtonCaption"), "x");
+  hand.Click(Field(*sheet, "ExitOnReturn"));
+  hand.TypeOver(Field(*sheet, "TodayButtonCaption"), "x");
   platform.Key(VK_BACK);
   ASSERT_TRUE(sheet->Apply());
   EXPECT_TRUE(first.ExitOnReturn());
@@ -112,9 +112,9 @@ TEST_F(PropertyPageTest, PagesComeByClassEachEditingOnlyItsOwnControls) {
   EXPECT_EQ(sheet->CurrentPage(), 3u);
   EXPECT_TRUE(platform.IsWindowVisible(sheet->Page(3).hWnd()));
   EXPECT_FALSE(platform.IsWindowVisible(sheet->Page(0).hWnd()));
-  Enter(Field(*sheet, "ButtonWidth"), "22");
+  hand.TypeOver(Field(*sheet, "ButtonWidth"), "22");
   sheet->ShowPage(1);
-  Enter(Field(*sheet, "ButtonWidth"), "18");
+  hand.TypeOver(Field(*sheet, "ButtonWidth"), "18");
   ASSERT_TRUE(sheet->Apply());
   EXPECT_EQ(select.ButtonWidth(), 22);
   EXPECT_EQ(picker.ButtonWidth(), 18);
@@ -128,8 +128,8 @@ TEST_F(PropertyPageTest, ANumericFieldRefusesOtherTextKeepsTheFocusAndAppliesNot
   auto& picker = Place<DatePicker>("Picker1");
   auto sheet = Open({&picker});
   Control& width = Field(*sheet, "ButtonWidth");
-  Enter(width, "wide");
-  Enter(Field(*sheet, "TodayButtonCaption"), "Now"); // the press is refused: focus stays
+  hand.TypeOver(width, "wide");
+  hand.TypeOver(Field(*sheet, "TodayButtonCaption"), "Now"); // the press is refused: focus stays
   EXPECT_TRUE(HasFocus(width));
   ASSERT_EQ(Messages().size(), 1u);
   EXPECT_EQ(Messages()[0], "Please Enter a numeric value for the ButtonWidth");
@@ -139,9 +139,9 @@ TEST_F(PropertyPageTest, ANumericFieldRefusesOtherTextKeepsTheFocusAndAppliesNot
   EXPECT_TRUE(HasFocus(width));
   EXPECT_EQ(Messages().size(), 2u);
 
-  ClickButton(sheet->ApplyButton()); // the press on Apply never gets there
+  hand.Click(sheet->ApplyButton()); // the press on Apply never gets there
   EXPECT_EQ(Messages().size(), 3u);
-  ClickButton(sheet->OkButton());
+  hand.Click(sheet->OkButton());
   EXPECT_FALSE(sheet->Closed());
   EXPECT_TRUE(sheet->ApplyButton().Enabled());
 
@@ -155,7 +155,7 @@ TEST_F(PropertyPageTest, ANumericFieldRefusesOtherTextKeepsTheFocusAndAppliesNot
   EXPECT_EQ(picker.TodayButtonCaption(), "Today");
 
   // Cancel does not validate: it closes with the text still there.
-  ClickButton(sheet->CancelButton());
+  hand.Click(sheet->CancelButton());
   EXPECT_TRUE(sheet->Closed());
   EXPECT_EQ(Messages().size(), 5u);
 }
@@ -164,15 +164,15 @@ TEST_F(PropertyPageTest, EveryNumericFieldNamesItselfInTheSameSentence) {
   auto& select = Place<DateSelect>("Select1");
   auto sheet = Open({&select});
   sheet->ShowPage(1); // Appearance
-  Enter(Field(*sheet, "ButtonWidth"), "1O");
+  hand.TypeOver(Field(*sheet, "ButtonWidth"), "1O");
   EXPECT_FALSE(sheet->Apply());
-  Enter(Field(*sheet, "ButtonWidth"), "10");
+  hand.TypeOver(Field(*sheet, "ButtonWidth"), "10");
   auto& font = Member<FontChooser>(*sheet, "Font");
-  Enter(font.txtSize(), "big");
+  hand.TypeOver(font.txtSize(), "big");
   EXPECT_FALSE(sheet->Apply());
-  Enter(font.txtSize(), "12");
+  hand.TypeOver(font.txtSize(), "12");
   auto& color = Member<ColorChooser>(*sheet, "ForeColor");
-  Enter(color.txtGreen(), "x");
+  hand.TypeOver(color.txtGreen(), "x");
   EXPECT_FALSE(sheet->Apply());
   EXPECT_TRUE(HasFocus(color.txtGreen()));
   EXPECT_EQ(Messages(), (std::vector<std::string>{
@@ -180,7 +180,7 @@ TEST_F(PropertyPageTest, EveryNumericFieldNamesItselfInTheSameSentence) {
                             "Please Enter a numeric value for the Size",
                             "Please Enter a numeric value for the Green",
                         }));
-  Enter(color.txtGreen(), "128");
+  hand.TypeOver(color.txtGreen(), "128");
   ASSERT_TRUE(sheet->Apply());
   EXPECT_EQ(select.ButtonWidth(), 10);
   EXPECT_EQ(select.Font().Size, 12.0f);
@@ -197,13 +197,13 @@ TEST_F(PropertyPageTest, AValueTheControlRefusesShowsItsErrorAndTakesBackEveryth
   // A limit set in the field, then stepped by the user (the month goes up or down).
   auto setLimit = [&](DatePicker& field, DateValue date, int key) {
     field.SetValue(Variant::Date(date));
-    ClickOn(field);
+    hand.Click(field);
     platform.Key(key);
     return field.Value().ToDate();
   };
 
   // Both limits moved past each other's old value go in together.
-  Enter(Field(*sheet, "ButtonWidth"), "20");
+  hand.TypeOver(Field(*sheet, "ButtonWidth"), "20");
   DateValue min = setLimit(minField, DateSerial(2020, 1, 1), VK_UP);
   DateValue max = setLimit(maxField, DateSerial(2030, 6, 1), VK_DOWN);
   EXPECT_EQ(min, DateSerial(2020, 2, 1));
@@ -221,7 +221,7 @@ TEST_F(PropertyPageTest, AValueTheControlRefusesShowsItsErrorAndTakesBackEveryth
     refusal = error.Description();
   }
   ASSERT_FALSE(refusal.empty());
-  Enter(Field(*sheet, "ButtonWidth"), "40");
+  hand.TypeOver(Field(*sheet, "ButtonWidth"), "40");
   setLimit(minField, max + 10, VK_UP);
   EXPECT_FALSE(sheet->Apply());
   EXPECT_EQ(Messages().back(), refusal);
@@ -231,7 +231,7 @@ TEST_F(PropertyPageTest, AValueTheControlRefusesShowsItsErrorAndTakesBackEveryth
 
   // A picture file that is not there: the error of loading it, and no picture.
   sheet->Page(0).Load();
-  Enter(Field(*sheet, "CalendarBackground"), "/nonexistent/background.png");
+  hand.TypeOver(Field(*sheet, "CalendarBackground"), "/nonexistent/background.png");
   size_t before = Messages().size();
   EXPECT_FALSE(sheet->Apply());
   EXPECT_EQ(Messages().size(), before + 1);
@@ -244,7 +244,7 @@ TEST_F(PropertyPageTest, OpenedFromTheDesignerThePagesTakeTheKeysTheDesignerWoul
   std::unique_ptr<PropertySheet> sheet;
   designer.SetShowPropertiesHandler(
       [&](const std::vector<Control*>& selection) { sheet = Open(selection); });
-  ClickOn(picker, 60, 10);
+  hand.Click(picker, 60, 10);
   platform.Key(VK_F4);
   ASSERT_NE(sheet, nullptr);
   // Format has the focus: two steps down is dtpCustom, Tab goes on to the custom format.
@@ -252,7 +252,7 @@ TEST_F(PropertyPageTest, OpenedFromTheDesignerThePagesTakeTheKeysTheDesignerWoul
   platform.Key(VK_DOWN);
   platform.Key(VK_TAB);
   platform.Type("yyyy-MM-dd");
-  ClickButton(sheet->OkButton());
+  hand.Click(sheet->OkButton());
   EXPECT_TRUE(sheet->Closed());
   EXPECT_EQ(picker.Format(), dtpCustom);
   EXPECT_EQ(picker.CustomFormat(), "yyyy-MM-dd");

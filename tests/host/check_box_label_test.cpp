@@ -20,14 +20,14 @@ protected:
 };
 
 TEST_F(CheckBoxTest, AClickOrSpaceTogglesAndRaisesClickButAPressDraggedAwayDoesNot) {
-  ClickAt(check, 60, 8); // on the caption
+  hand.Click(check, 60, 8); // on the caption
   EXPECT_EQ(check.Value(), vbChecked);
   EXPECT_TRUE(HasFocus(check));
   platform.Key(VK_SPACE);
   EXPECT_EQ(check.Value(), vbUnchecked);
   EXPECT_EQ(log.Take(), (Log{"Click", "Click"}));
 
-  Point inside = At(check, 5, 8), outside = At(check, 5, 40);
+  Point inside = hand.At(check, 5, 8), outside = hand.At(check, 5, 40);
   platform.MouseDown(VK_LBUTTON, inside.x, inside.y);
   EXPECT_EQ(Pixel(check, 5, 5), Sys(COLOR_BTNFACE)); // pushed
   platform.MouseMove(outside.x, outside.y);
@@ -41,12 +41,12 @@ TEST_F(CheckBoxTest, AClickOrSpaceTogglesAndRaisesClickButAPressDraggedAwayDoesN
   EXPECT_EQ(check.Value(), vbChecked);
 
   check.SetValue(vbGrayed);
-  ClickAt(check, 5, 8); // grayed goes to checked
+  hand.Click(check, 5, 8); // grayed goes to checked
   EXPECT_EQ(check.Value(), vbChecked);
   EXPECT_EQ(log.Take(), (Log{"Click", "Click", "Click"}));
 
   check.SetEnabled(false);
-  ClickAt(check, 5, 8);
+  hand.Click(check, 5, 8);
   EXPECT_EQ(check.Value(), vbChecked);
 }
 

@@ -108,7 +108,7 @@ TEST_F(FocusMovementTest, ALabelNeverTakesTheFocusNorTriggersValidation) {
   label.SetTabStop(true);
   EXPECT_EQ(TabThrough(1), Log{"first"});
   a.SetFocus();
-  ClickAt(label, 5, 5);
+  hand.Click(label, 5, 5);
   EXPECT_EQ(Focused(), "a");
   EXPECT_EQ(events.Take(), (Log{"Validate", "LostFocus", "GotFocus"}));
 }
@@ -125,21 +125,21 @@ TEST_F(FocusMovementTest, ARefusedValidationKeepsTheFocusFromTabsAndPresses) {
 
   platform.Key(VK_TAB);
   platform.Key(VK_TAB, MemoryPlatform::ShiftKey);
-  ClickAt(check, 5, 8);
+  hand.Click(check, 5, 8);
   EXPECT_EQ(Focused(), "a");
   EXPECT_EQ(check.Value(), vbUnchecked); // the press never reached the check box
   EXPECT_EQ(order, (Log{"a.Validate", "a.Validate", "a.Validate"}));
 
   // A control that does not cause validation is reached without asking.
   check.SetCausesValidation(false);
-  ClickAt(check, 5, 8);
+  hand.Click(check, 5, 8);
   EXPECT_EQ(Focused(), "check");
   EXPECT_EQ(check.Value(), vbChecked);
   order.clear();
 
   a.SetFocus();
   events.refuse = false;
-  ClickAt(pair.first, 5, 5);
+  hand.Click(pair.first, 5, 5);
   EXPECT_EQ(Focused(), "first");
   a.SetFocus();
   order.clear();
@@ -157,7 +157,7 @@ TEST_F(FocusMovementTest, ValidationAsksOnlyAboutControlsOfTheSameForm) {
       static_cast<TextBox&>(other.Add(std::make_unique<TextBox>(), "txtOther", 0, 0, 80, 21));
   other.Add(std::make_unique<TextBox>(), "txtOther2", 0, 30, 80, 21);
   platform.SetWindowPos(other.hWnd(), 0, 300, 300, 200, 100, SWP_NOZORDER);
-  ClickAt(elsewhere, 5, 5);
+  hand.Click(elsewhere, 5, 5);
   EXPECT_EQ(platform.GetFocus(), elsewhere.hWnd());
   platform.Key(VK_TAB); // within the other form only
   EXPECT_NE(platform.GetFocus(), elsewhere.hWnd());

@@ -12,6 +12,7 @@
 #include "host/label.hpp"
 #include "host/text_box.hpp"
 #include "platform/memory/memory_platform.hpp"
+#include "tests/support/hand.hpp"
 #include "tests/support/raised.hpp"
 
 namespace tarnbrook {
@@ -57,17 +58,10 @@ protected:
     return static_cast<C&>(form.Add(std::make_unique<C>(), name, left, top, width, height));
   }
 
-  Point At(const Control& control, int32_t x, int32_t y) {
-    return platform.ClientToScreen(control.hWnd(), {x, y});
-  }
-  void ClickAt(const Control& control, int32_t x, int32_t y) {
-    Point p = At(control, x, y);
-    platform.Click(p.x, p.y);
-  }
   void Drag(const Control& control, int32_t fromX, int32_t toX, int y, int shift = 0) {
     if (shift)
       platform.KeyDown(VK_SHIFT);
-    Point from = At(control, fromX, y), to = At(control, toX, y);
+    Point from = hand.At(control, fromX, y), to = hand.At(control, toX, y);
     platform.MouseDown(VK_LBUTTON, from.x, from.y);
     platform.MouseMove(to.x, to.y);
     platform.MouseUp(VK_LBUTTON, to.x, to.y);
@@ -105,6 +99,7 @@ protected:
   static COLORREF Sys(int index) { return static_cast<COLORREF>(GetSysColor(index)); }
 
   MemoryPlatform platform;
+  Hand hand{platform};
   Container form;
 };
 

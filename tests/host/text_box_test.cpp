@@ -115,7 +115,7 @@ TEST_F(TextBoxTest, PositionsCountWholeCharactersOfUtf8Text) {
 TEST_F(TextBoxTest, TheMouseSetsTheCaretAndDragsOrShiftClicksASelection) {
   box.SetText("one two three");
   const int32_t middle = Height / 2;
-  ClickAt(box, EdgeX(4) + 1, middle);
+  hand.Click(box, EdgeX(4) + 1, middle);
   EXPECT_EQ(Selection(), "4+0");
   Drag(box, EdgeX(4), EdgeX(7) - 1, middle);
   EXPECT_EQ(box.SelText(), "two");
@@ -129,7 +129,7 @@ TEST_F(TextBoxTest, TheMouseSetsTheCaretAndDragsOrShiftClicksASelection) {
   // A drag past the left edge runs to the start; a double click takes a word.
   Drag(box, EdgeX(9), -40, middle);
   EXPECT_EQ(box.SelText(), "one two t");
-  Point word = At(box, EdgeX(5), middle);
+  Point word = hand.At(box, EdgeX(5), middle);
   platform.DoubleClick(word.x, word.y);
   EXPECT_EQ(box.SelText(), "two");
   EXPECT_EQ(log.changes, 1);
@@ -205,11 +205,11 @@ TEST_F(TextBoxTest, TheCaretStaysInViewWhenTheTextIsWiderThanTheBox) {
   const int32_t lastColumn = Width - TextLeft - 1;
   EXPECT_TRUE(CaretAt(lastColumn));
   EXPECT_FALSE(CaretAt(TextLeft));
-  ClickAt(box, TextLeft + 1, Height / 2); // the start is scrolled away
+  hand.Click(box, TextLeft + 1, Height / 2); // the start is scrolled away
   EXPECT_GT(box.SelStart(), 10);
   Key(VK_HOME);
   EXPECT_TRUE(CaretAt(TextLeft));
-  ClickAt(box, lastColumn, Height / 2);
+  hand.Click(box, lastColumn, Height / 2);
   EXPECT_LT(box.SelStart(), 30);
 }
 
