@@ -6,6 +6,7 @@
 
 #include "automation/class_factory.hpp"
 #include "dateselect/cdts_option.hpp"
+#include "host/sql_parameters_object.hpp"
 
 namespace tarnbrook {
 
@@ -13,13 +14,14 @@ std::string TypeLibraryName() {
   return "Tarnbrook";
 }
 
-// The creatable classes, then CdtsOption, which hosts reach only through a DateSelect.
+// The creatable classes, then the objects hosts reach only through them.
 const std::vector<const ClassInfo*>& TarnbrookClasses() {
   static const std::vector<const ClassInfo*> classes = [] {
     std::vector<const ClassInfo*> all;
     for (const ClassRegistration& registration : RegisteredClasses())
       all.push_back(registration.info);
     all.push_back(&CdtsOption::TypeInfo());
+    all.push_back(&SqlParametersObject::TypeInfo());
     return all;
   }();
   return classes;
@@ -106,7 +108,8 @@ std::string DescribeClass(const ClassInfo& info) {
   }
   out << "  methods:\n";
   for (const MethodInfo& m : info.methods)
-    out << "    " << TypeName(m.returns) << " " << m.name << "(" << Params(m.args) << ");\n";
+    out << "    " << (m.returns == MemberType::Object ? m.objectClass + "*" : TypeName(m.returns))
+        << " " << m.name << "(" << Params(m.args) << ");\n";
   out << "};\n";
   if (!info.events.empty()) {
     out << "\ndispinterface __" << info.name << " { // events\n";
@@ -135,7 +138,9 @@ std::string DescribeClassJson(const ClassInfo& info) {
   }
   for (const MethodInfo& m : info.methods)
     methods.push_back(
-        {{"name", m.name}, {"returns", TypeName(m.returns)}, {"args", ArgsJson(m.args)}});
+        {{"name", m.name},
+         {"returns", m.returns == MemberType::Object ? m.objectClass : TypeName(m.returns)},
+         {"args", ArgsJson(m.args)}});
   for (const EventInfo& e : info.events)
     events.push_back({{"name", e.name}, {"ordinal", e.ordinal}, {"args", ArgsJson(e.args)}});
   for (const EnumInfo& e : info.enums) {

@@ -10,6 +10,7 @@
 #include "common/font.hpp"
 #include "common/ole_color.hpp"
 #include "common/picture.hpp"
+#include "common/sql_criteria.hpp"
 #include "draw/cframe.hpp"
 #include "host/combo_box.hpp"
 #include "host/control.hpp"
@@ -104,6 +105,10 @@ public:
   // The selected date, the control's default member.
   DateValue Value() const { return value_; }
   void SetValue(DateValue value);
+  // The value's day as criteria for the column the options name.
+  ParameterisedSql SQLParameters(const SqlOptions& options) const {
+    return RenderParameterised(CompareCriterion("=", value_), options);
+  }
   int32_t SelectedDay() const;
   void SetSelectedDay(int32_t day);
   int32_t SelectedMonth() const; // the displayed month 1..12

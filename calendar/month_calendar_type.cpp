@@ -1,5 +1,6 @@
 // The calendar as hosts reach it by name: its properties, methods, events and enumerations.
 #include "calendar/month_calendar.hpp"
+#include "host/sql_parameters_object.hpp"
 #include "host/type_info.hpp"
 
 namespace tarnbrook {
@@ -73,6 +74,9 @@ std::vector<MethodInfo> CalendarMethods() {
       plain("HideDropDown", &C::HideDropDown),
       plain("About", &C::About),
       plain("Refresh", &C::Refresh),
+      SqlParametersMethod([](Object& o, const SqlOptions& options, bool) {
+        return type_info_detail::As<C>(o).SQLParameters(options);
+      }),
       {"DropDown",
        {Arg("X", T::Long), Arg("Y", T::Long), OptionalArg("ParentHeight", T::Long, int32_t(0)),
         OptionalArg("Animate", T::Long, int32_t(mvwAnimateNone))},

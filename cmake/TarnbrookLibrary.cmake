@@ -1,12 +1,13 @@
 include(GNUInstallDirs)
 set(TARNBROOK_INCLUDE_DIR ${CMAKE_INSTALL_INCLUDEDIR}/tarnbrook)
 
-# tarnbrook_library(<name> LINKS <targets...> [PRIVATE_HEADERS <files...>])
+# tarnbrook_library(<name> [OPTIONAL] LINKS <targets...> [PRIVATE_HEADERS <files...>])
 # One library per folder from the .cpp files directly in it (static unless BUILD_SHARED_LIBS),
 # installed with its public headers under include/tarnbrook/<folder>/ and exported as
-# Tarnbrook::<name>. Headers named PRIVATE_HEADERS stay in the source tree.
+# Tarnbrook::<name>. Headers named PRIVATE_HEADERS stay in the source tree. An OPTIONAL
+# library is left out of Tarnbrook::tarnbrook's pkg-config file: programs ask for it by name.
 function(tarnbrook_library name)
-  cmake_parse_arguments(ARG "" "" "LINKS;PRIVATE_HEADERS" ${ARGN})
+  cmake_parse_arguments(ARG "OPTIONAL" "" "LINKS;PRIVATE_HEADERS" ${ARGN})
   set(target tarnbrook_${name})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   add_library(${target} ${sources})
@@ -26,7 +27,9 @@ function(tarnbrook_library name)
     list(REMOVE_ITEM headers ${CMAKE_CURRENT_SOURCE_DIR}/${private})
   endforeach()
   install(FILES ${headers} DESTINATION ${TARNBROOK_INCLUDE_DIR}/${folder})
-  set_property(GLOBAL APPEND PROPERTY TARNBROOK_LIBRARIES ${target})
+  if(NOT ARG_OPTIONAL)
+    set_property(GLOBAL APPEND PROPERTY TARNBROOK_LIBRARIES ${target})
+  endif()
 endfunction()
 
 # tarnbrook_tests(<folder> LINKS <targets...>): one GoogleTest program per test folder.

@@ -149,6 +149,12 @@ public:
   void SetSQLPrefix(const std::string& prefix);
   std::string SQLCriteria() const;
   std::string SQL() const;
+  // What the current option selects, read as SQLCriteria reads it.
+  DateCriterion Criterion() const;
+  // The criteria with placeholders and the values to bind; the column is SQLFieldName unless
+  // the options name one, and SQLPrefix comes first when asked. The wrapper and the format
+  // play no part, yet a wrapper that is no date delimiter is refused (5) as a tampered form.
+  ParameterisedSql SQLParameters(SqlOptions options = {}, bool withPrefix = false) const;
 
   // Appearance, passed on to the constituents.
   int32_t ButtonWidth() const { return buttonWidth_; }
@@ -252,7 +258,6 @@ private:
   void SetFrom(DateValue date);
   void SetTo(DateValue date);
   std::string SqlDate(DateValue date) const;
-  std::string SqlRange(DateValue start, DateValue end) const;
 
   // Constituents and their layout (date_select_layout.cpp).
   void CreateConstituents();

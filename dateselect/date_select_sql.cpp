@@ -15,47 +15,40 @@ std::string DateSelect::SqlDate(DateValue date) const {
   return sqlDateWrapper_ + text + sqlDateWrapper_;
 }
 
-std::string DateSelect::SqlRange(DateValue start, DateValue end) const {
-  if (sqlUseBetween_)
-    return sqlFieldName_ + " BETWEEN " + SqlDate(start) + " AND " + SqlDate(end);
-  return sqlFieldName_ + ">=" + SqlDate(start) + " AND " + sqlFieldName_ + "<=" + SqlDate(end);
+DateCriterion DateSelect::Criterion() const {
+  CriteriaInputs in;
+  static_cast<RangeInputs&>(in) = Inputs();
+  if (selection_ == dtsCustomRange) // computed afresh, and strictly: no number fails (13)
+    in.customNumber = CDbl(txtCustomRange_->Text());
+  in.start = dtpFrom_->Value();
+  in.end = dtpTo_->Value();
+  in.op = cboOperator_->Text();
+  DateCriterion criterion = CriterionOfOption(selection_, in);
+  criterion.column = sqlFieldName_;
+  return criterion;
 }
 
 std::string DateSelect::SQLCriteria() const {
-  switch (selection_) {
-  case dtsToday:
-  case dtsDate:
-    return sqlFieldName_ + "=" + SqlDate(StartDate());
-  case dtsDateRange:
-  case dtsLast7days:
-  case dtsLast30days:
-  case dtsThisWeekTillToday:
-  case dtsThisMonthTillToday:
-  case dtsThisYearTillToday:
-  case dtsLastWeek:
-    return SqlRange(StartDate(), EndDate());
-  case dtsLastMonth:
-  case dtsMonth: {
-    DateSpan span = MonthSpan(selectedYear_, selectedMonth_);
-    return SqlRange(span.start, span.end);
-  }
-  case dtsLastYear:
-  case dtsYear: {
-    DateSpan span = YearSpan(selectedYear_);
-    return SqlRange(span.start, span.end);
-  }
-  case dtsCustomRange: {
-    // Computed afresh, and strictly: a text that is no number fails here (13).
-    std::optional<DateSpan> span =
-        CustomSpan(Platform::Current().Today(), CDbl(txtCustomRange_->Text()),
-                   cboCustomChoice_->Text(), firstDayofWeek_, chkCustom_->Value() == vbChecked);
-    return span ? SqlRange(span->start, span->end) : SqlRange(StartDate(), EndDate());
-  }
-  case dtsExpression:
-    return sqlFieldName_ + cboOperator_->Text() + SqlDate(StartDate());
+  const DateCriterion criterion = Criterion();
+  switch (criterion.kind) {
+  case CriterionKind::Compare:
+    return sqlFieldName_ + criterion.op + SqlDate(criterion.start);
+  case CriterionKind::Range:
+    if (sqlUseBetween_)
+      return sqlFieldName_ + " BETWEEN " + SqlDate(criterion.start) + " AND " +
+             SqlDate(criterion.end);
+    return sqlFieldName_ + ">=" + SqlDate(criterion.start) + " AND " + sqlFieldName_ +
+           "<=" + SqlDate(criterion.end);
   default:
     return "";
   }
+}
+
+ParameterisedSql DateSelect::SQLParameters(SqlOptions options, bool withPrefix) const {
+  CheckDateWrapper(sqlDateWrapper_);
+  if (withPrefix)
+    options.prefix = sqlPrefix_;
+  return RenderParameterised(Criterion(), options);
 }
 
 std::string DateSelect::SQL() const {

@@ -1,6 +1,7 @@
 // DateSelect and CdtsOption as hosts reach them by name: properties, methods, events and
 // enumerations.
 #include "dateselect/date_select.hpp"
+#include "host/sql_parameters_object.hpp"
 #include "host/type_info.hpp"
 
 namespace tarnbrook {
@@ -106,7 +107,12 @@ std::vector<MethodInfo> DateSelectMethods() {
                       }};
   };
   return {text("SQLCriteria", &D::SQLCriteria), text("SQL", &D::SQL), plain("About", &D::About),
-          plain("Refresh", &D::Refresh)};
+          plain("Refresh", &D::Refresh),
+          SqlParametersMethod(
+              [](Object& o, const SqlOptions& options, bool withPrefix) {
+                return type_info_detail::As<D>(o).SQLParameters(options, withPrefix);
+              },
+              true)};
 }
 
 ClassInfo DescribeDateSelect() {

@@ -97,4 +97,52 @@ OptionDates DatesOfOption(int32_t option, const RangeInputs& in) {
   }
 }
 
+DateCriterion CriterionOfOption(int32_t option, const CriteriaInputs& in) {
+  switch (option) {
+  case dtsToday:
+  case dtsDate:
+    return CompareCriterion("=", in.start.ToDate());
+  case dtsDateRange:
+  case dtsLast7days:
+  case dtsLast30days:
+  case dtsThisWeekTillToday:
+  case dtsThisMonthTillToday:
+  case dtsThisYearTillToday:
+  case dtsLastWeek:
+    return RangeCriterion(in.start.ToDate(), in.end.ToDate());
+  case dtsLastMonth:
+  case dtsMonth: {
+    const DateSpan span = MonthSpan(in.year, in.month);
+    return RangeCriterion(span.start, span.end);
+  }
+  case dtsLastYear:
+  case dtsYear: {
+    const DateSpan span = YearSpan(in.year);
+    return RangeCriterion(span.start, span.end);
+  }
+  case dtsCustomRange: {
+    const std::optional<DateSpan> span =
+        CustomSpan(in.today, in.customNumber, in.customUnit, in.firstDayOfWeek, in.includeToday);
+    if (span)
+      return RangeCriterion(span->start, span->end);
+    return RangeCriterion(in.start.ToDate(), in.end.ToDate());
+  }
+  case dtsExpression:
+    return CompareCriterion(in.op, in.start.ToDate());
+  default:
+    return {};
+  }
+}
+
+DateCriterion AppliedCriterion(int32_t option, CriteriaInputs in) {
+  const OptionDates dates = DatesOfOption(option, in);
+  if (dates.from)
+    in.start = Variant::Date(*dates.from);
+  if (dates.to)
+    in.end = Variant::Date(*dates.to);
+  in.year = dates.year.value_or(in.year);
+  in.month = dates.month.value_or(in.month);
+  return CriterionOfOption(option, in);
+}
+
 } // namespace tarnbrook

@@ -5,6 +5,8 @@
 #include <string_view>
 
 #include "common/date_value.hpp"
+#include "common/sql_criteria.hpp"
+#include "common/variant.hpp"
 
 namespace tarnbrook {
 
@@ -66,5 +68,22 @@ struct OptionDates {
 // The dates of option `option` (a dtsOptions value); the runtime's errors when a date cannot
 // be made.
 OptionDates DatesOfOption(int32_t option, const RangeInputs& in);
+
+// What an option's criteria read: besides the inputs, the dates the control holds (entered,
+// or made when the option was applied; Null when a field is empty, which raises 94 only for an
+// option that reads it) and the operator.
+struct CriteriaInputs : RangeInputs {
+  Variant start = Variant::Date(0), end = Variant::Date(0);
+  std::string op = "=";
+};
+
+// The criterion of option `option` on what the control holds: the held dates for the options
+// that made or took them, the held month and year for Last Month, Month, Last Year and Year,
+// and the custom range computed afresh. Column "" (the caller's to name).
+DateCriterion CriterionOfOption(int32_t option, const CriteriaInputs& in);
+
+// The criterion of option `option` as a control would hold it right after applying it on
+// `in.today`: what a program with no window turns into a query.
+DateCriterion AppliedCriterion(int32_t option, CriteriaInputs in);
 
 } // namespace tarnbrook

@@ -76,7 +76,8 @@ struct MethodInfo {
   std::string name;
   std::vector<ArgInfo> args; // optional ones last
   MemberType returns = MemberType::Void;
-  MethodInvoker invoke; // gets every argument, the left-out ones as their defaults
+  MethodInvoker invoke;    // gets every argument, the left-out ones as their defaults
+  std::string objectClass = {}; // for MemberType::Object, the described class it returns
 };
 
 struct EventInfo {

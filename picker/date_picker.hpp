@@ -10,6 +10,7 @@
 #include "common/font.hpp"
 #include "common/ole_color.hpp"
 #include "common/picture.hpp"
+#include "common/sql_criteria.hpp"
 #include "common/variant.hpp"
 #include "draw/border_style.hpp"
 #include "draw/cframe.hpp"
@@ -100,6 +101,10 @@ public:
   // Raises SetValue's 2050 for a date outside MinDate..MaxDate.
   void CheckInLimits(tarnbrook::DateValue date) const;
   tarnbrook::DateValue DateValue() const; // the date part
+  // The value's day as criteria for the column the options name; 94 when empty.
+  ParameterisedSql SQLParameters(const SqlOptions& options) const {
+    return RenderParameterised(CompareCriterion("=", Value().ToDate()), options);
+  }
   tarnbrook::DateValue TimeValue() const; // the time part
   tarnbrook::DateValue MinDate() const { return minDate_; }
   void SetMinDate(tarnbrook::DateValue value); // 1068 "DatePicker" above MaxDate

@@ -1,4 +1,5 @@
 // The picker as hosts reach it by name: its properties, methods, events and enumerations.
+#include "host/sql_parameters_object.hpp"
 #include "host/type_info.hpp"
 #include "picker/date_picker.hpp"
 
@@ -72,7 +73,10 @@ std::vector<MethodInfo> PickerMethods() {
   };
   return {plain("DropDownCalendar", &P::DropDownCalendar),
           plain("CloseUpCalendar", &P::CloseUpCalendar), plain("About", &P::About),
-          plain("Refresh", &P::Refresh)};
+          plain("Refresh", &P::Refresh),
+          SqlParametersMethod([](Object& o, const SqlOptions& options, bool) {
+            return type_info_detail::As<P>(o).SQLParameters(options);
+          })};
 }
 
 std::vector<PropertyInfo> PickerProperties() {

@@ -23,6 +23,7 @@ awk '
     row["BM_DatePicker_KeystrokeToWindow"] = "time 5 us";
     row["BM_FormatDate_ours"] = "time 15 ns";
     row["BM_DateSelect_SQLCriteria_Range"] = "time 2 us";
+    row["BM_Criteria_RenderRange"] = "time 1 us";
     row["BM_DateSelect_SelectionToWindow"] = "time 150 us";
     row["BM_Form_Create2000/iterations:3"] = "time 500 ms;peak_rss_kB 358400 kB;paints_per_control 1.01 paints";
     row["BM_Form_Reload2000/iterations:3"] = "time 500 ms";

@@ -8,7 +8,7 @@ packages=(
   libicu-dev nlohmann-json3-dev
   libx11-dev xvfb xdotool x11-apps
   libgtest-dev libbenchmark-dev
-  libsqlite3-dev fonts-ipafont-gothic
+  libsqlite3-dev libpq-dev postgresql fonts-ipafont-gothic
 )
 
 missing=()

@@ -14,16 +14,29 @@ OrdersView::~OrdersView() {
   select_.Disconnect(this);
 }
 
+namespace {
+
+// The query the list runs: the criteria with placeholders for a timestamp column, and the
+// values bound to them.
+std::string Shown(const ParameterisedSql& criteria) {
+  std::string text = "WHERE " + criteria.text + "   with";
+  for (const SqlParameter& value : criteria.parameters)
+    text += (value.number > 1 ? ", ?" : " ?") + std::to_string(value.number) + " = " + value.text;
+  return text;
+}
+
+} // namespace
+
 void OrdersView::Change() {
   rows_.Clear();
-  std::string criteria;
+  ParameterisedSql criteria;
   try {
-    sql_.SetCaption(select_.SQL());
-    criteria = select_.SQLCriteria();
-  } catch (const ControlError& error) { // a custom range that is no number
+    criteria = select_.SQLParameters();
+  } catch (const ControlError& error) { // a custom range that is no number, a bad field name
     sql_.SetCaption("(no criteria: " + error.Description() + ")");
     return;
   }
+  sql_.SetCaption(Shown(criteria));
   SampleOrders::Result result = orders_.Select(criteria);
   if (!result.error.empty()) {
     rows_.AddLine("SQLite: " + result.error);

@@ -6,8 +6,8 @@
 
 namespace tarnbrook {
 
-// Shows a DateSelect's SQL as it changes and the sample orders its criteria select: how many,
-// and the first few.
+// Shows a DateSelect's criteria as it changes, with placeholders and the values bound to them,
+// and the sample orders they select: how many, and the first few.
 class OrdersView : private DateSelectEvents {
 public:
   OrdersView(DateSelect& select, CaptionLabel& sql, EventList& rows, DateValue today);

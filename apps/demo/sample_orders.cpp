@@ -6,6 +6,8 @@
 #include <stdexcept>
 
 #include "common/date_format.hpp"
+#include "common/date_runtime.hpp"
+#include "sqlite/sqlite_parameters.hpp"
 
 namespace tarnbrook {
 namespace {
@@ -36,10 +38,11 @@ SampleOrders::SampleOrders(DateValue today) {
                      &insert, nullptr);
   unsigned seed = 20041;
   for (int day = Days - 1; day >= 0; --day) {
-    std::string date = FormatDate(today - day, "yyyy-mm-dd");
     for (unsigned n = 0; n < 1 + seed % 3; ++n) { // one to three orders a day
       seed = seed * 1103515245u + 12345u;
-      sqlite3_bind_text(insert, 1, date.c_str(), -1, SQLITE_TRANSIENT);
+      const double time = (seed >> 4) % 1440 / 1440.0; // to the minute, midnight to 23:59
+      const std::string at = FormatDate(DateOnly(today) - day + time, "yyyy-mm-dd hh:nn:ss");
+      sqlite3_bind_text(insert, 1, at.c_str(), -1, SQLITE_TRANSIENT);
       sqlite3_bind_text(insert, 2, Customers[(seed >> 8) % std::size(Customers)], -1,
                         SQLITE_STATIC);
       sqlite3_bind_double(insert, 3, 5 + (seed >> 12) % 40000 / 100.0);
@@ -55,13 +58,16 @@ SampleOrders::~SampleOrders() {
   sqlite3_close(db_);
 }
 
-SampleOrders::Result SampleOrders::Select(const std::string& criteria, size_t rows) const {
+SampleOrders::Result SampleOrders::Select(const ParameterisedSql& criteria, size_t rows) const {
   Result result;
-  std::string sql = "SELECT OrderDate, Id, Customer, Amount, COUNT(*) OVER () FROM Orders WHERE " +
-                    criteria + " ORDER BY OrderDate, Id LIMIT " + std::to_string(rows);
+  std::string sql = "SELECT substr(OrderDate, 1, 16), Id, Customer, Amount, COUNT(*) OVER () "
+                    "FROM Orders WHERE " +
+                    criteria.text + " ORDER BY OrderDate, Id LIMIT " + std::to_string(rows);
   sqlite3_stmt* query = nullptr;
-  if (sqlite3_prepare_v2(db_, sql.c_str(), -1, &query, nullptr) != SQLITE_OK) {
+  if (sqlite3_prepare_v2(db_, sql.c_str(), -1, &query, nullptr) != SQLITE_OK ||
+      BindParameters(query, criteria) != SQLITE_OK) {
     result.error = sqlite3_errmsg(db_);
+    sqlite3_finalize(query);
     return result;
   }
   while (sqlite3_step(query) == SQLITE_ROW) {

@@ -6,11 +6,16 @@
 //     a font as "Name,Size[,Bold][,Italic][,Underline][,Strikethrough]", a picture as the
 //     path of a PNG file ("" for none)
 //   tarnbrook sql FORM.json CONTROL [--today YYYY-MM-DD]
+//     [--params [--dialect sqlite|postgres] [--column-type timestamp|date] [--column NAME]
+//      [--named] [--prefix]]
+//     the control's SQL text, or with --params its criteria with placeholders and the values
+//     to bind, as JSON
 // Today is the system's date unless --today names another; the controls compute their dates
 // from it when the form is loaded.
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <sstream>
 #include <stdexcept>
@@ -37,7 +42,9 @@ int Usage() {
                "       tarnbrook describe CLASS [--json]\n"
                "       tarnbrook get FORM.json CONTROL PROPERTY [--today YYYY-MM-DD]\n"
                "       tarnbrook set FORM.json CONTROL PROPERTY VALUE [--today YYYY-MM-DD]\n"
-               "       tarnbrook sql FORM.json CONTROL [--today YYYY-MM-DD]\n";
+               "       tarnbrook sql FORM.json CONTROL [--today YYYY-MM-DD]\n"
+               "           [--params [--dialect sqlite|postgres] [--column-type timestamp|date]\n"
+               "                     [--column NAME] [--named] [--prefix]]\n";
   return 2;
 }
 
@@ -165,11 +172,62 @@ int Set(const std::vector<std::string>& args, DateValue now) {
   return 0;
 }
 
-int Sql(const std::vector<std::string>& args, DateValue now) {
-  if (args.size() != 2)
+// Takes "--NAME VALUE" out of the arguments: the value, `fallback` when absent, nullopt when
+// the value is missing.
+std::optional<std::string> TakeOption(std::vector<std::string>& args, const std::string& name,
+                                      const std::string& fallback) {
+  const auto option = std::find(args.begin(), args.end(), "--" + name);
+  if (option == args.end())
+    return fallback;
+  if (option + 1 == args.end())
+    return std::nullopt;
+  std::string value = *(option + 1);
+  args.erase(option, option + 2);
+  return value;
+}
+
+bool TakeFlag(std::vector<std::string>& args, const std::string& name) {
+  const auto flag = std::find(args.begin(), args.end(), "--" + name);
+  if (flag == args.end())
+    return false;
+  args.erase(flag);
+  return true;
+}
+
+// The criteria with placeholders as JSON: {"text": ..., "parameters": [{"number": 1,
+// "name": "first", "value": "2004-05-01 00:00:00"}, ...]}.
+std::string ParametersJson(const Dispatch& control, std::vector<Variant> options) {
+  const Dispatch sql(control.Call("SQLParameters", std::move(options)).ToObject(), "SQLParameters");
+  nlohmann::json parameters = nlohmann::json::array();
+  for (int32_t i = 0; i < sql.Get("Count").ToLong(); ++i) {
+    const std::vector<Variant> index{Variant(i)};
+    parameters.push_back({{"number", sql.Get("Number", index).ToLong()},
+                          {"name", sql.Get("Name", index).ToString()},
+                          {"value", sql.Get("Value", index).ToString()}});
+  }
+  return nlohmann::json{{"text", sql.Get("Text").ToString()}, {"parameters", parameters}}.dump(2);
+}
+
+int Sql(std::vector<std::string> args, DateValue now) {
+  const bool params = TakeFlag(args, "params");
+  const size_t before = args.size();
+  const bool named = TakeFlag(args, "named");
+  const bool prefix = TakeFlag(args, "prefix");
+  const auto dialect = TakeOption(args, "dialect", "sqlite");
+  const auto type = TakeOption(args, "column-type", "timestamp");
+  const auto column = TakeOption(args, "column", "");
+  const bool shaped = args.size() != before; // options only --params takes
+  if (args.size() != 2 || !dialect || !type || !column || (shaped && !params))
     return Usage();
   LoadedForm loaded(args[0], now);
-  std::cout << Dispatch(loaded.Find(args[1])).Call("SQL").ToString() << "\n";
+  const Dispatch control(loaded.Find(args[1]));
+  std::vector<Variant> options{*dialect, *type, *column, named};
+  if (prefix)
+    options.push_back(true); // a DateSelect's SQLPrefix first; other classes have none (450)
+  if (params)
+    std::cout << ParametersJson(control, std::move(options)) << "\n";
+  else
+    std::cout << control.Call("SQL").ToString() << "\n";
   return 0;
 }
 

@@ -134,6 +134,38 @@ TEST_F(CommandLineTest, SqlOfASavedDateSelectForAGivenDay) {
   }
 }
 
+// The criteria with placeholders as JSON, for the dialect and column asked.
+TEST_F(CommandLineTest, SqlWithParametersAsJson) {
+  Output params = Tarnbrook("sql " + path +
+                            " Orders --today 2024-03-15 --params --dialect postgres --prefix");
+  EXPECT_EQ(params.status, 0) << params.err;
+  EXPECT_EQ(params.out, R"({
+  "parameters": [
+    {
+      "name": "first",
+      "number": 1,
+      "value": "2024-02-01 00:00:00"
+    },
+    {
+      "name": "after",
+      "number": 2,
+      "value": "2024-03-01 00:00:00"
+    }
+  ],
+  "text": "\"OrderDate\" >= $1 AND \"OrderDate\" < $2"
+}
+)");
+  Output refused = Tarnbrook("sql " + path + " Orders --params --column-type datetime");
+  EXPECT_NE(refused.status, 0);
+  EXPECT_EQ(refused.err, "tarnbrook: \"datetime\" is no column type: use \"timestamp\" or "
+                         "\"date\" (error 5, Tarnbrook)\n");
+  EXPECT_NE(Tarnbrook("sql " + path + " Orders --dialect postgres").status, 0); // needs --params
+  Output calendar = Tarnbrook("sql " + path + " Calendar1 --params --named --column due");
+  EXPECT_EQ(calendar.status, 0) << calendar.err;
+  EXPECT_NE(calendar.out.find("\"text\": \"\\\"due\\\" >= :first AND"), std::string::npos)
+      << calendar.out;
+}
+
 // get and set load the form on a day too: the system's, or the one named.
 TEST_F(CommandLineTest, GetAndSetTakeTodayFromTheClockOrTheCommandLine) {
   Output start = Tarnbrook("get " + path + " Orders StartDate --today 2024-03-15");

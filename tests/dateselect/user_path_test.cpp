@@ -1,5 +1,7 @@
 // The control driven as a person drives it: keys and clicks through the window system, the
 // events it raises, the dates, the SQL, and the form saved and opened again.
+#include <sstream>
+
 #include "date_select_fixture.hpp"
 
 namespace tarnbrook {
@@ -9,20 +11,16 @@ class UserPathTest : public DateSelectTest {
 protected:
   // The names of the constituents shown besides the option list, in creation order.
   std::string Shown() {
-    const std::pair<const char*, Control*> parts[] = {{"cboOperator", &ds->cboOperator()},
-                                                      {"lblFrom", &ds->lblFrom()},
-                                                      {"dtpFrom", &ds->dtpFrom()},
-                                                      {"lblTo", &ds->lblTo()},
-                                                      {"dtpTo", &ds->dtpTo()},
-                                                      {"cboMonth", &ds->cboMonth()},
-                                                      {"spnYear", &ds->spnYear()},
-                                                      {"lblCustom", &ds->lblCustom()},
-                                                      {"txtCustomRange", &ds->txtCustomRange()},
-                                                      {"cboCustomChoice", &ds->cboCustomChoice()},
-                                                      {"chkCustom", &ds->chkCustom()}};
-    std::string shown;
-    for (const auto& [name, control] : parts)
-      shown += control->Visible() ? std::string(shown.empty() ? "" : " ") + name : "";
+    Control* const parts[] = {&ds->cboOperator(),     &ds->lblFrom(),   &ds->dtpFrom(),
+                              &ds->lblTo(),           &ds->dtpTo(),     &ds->cboMonth(),
+                              &ds->spnYear(),         &ds->lblCustom(), &ds->txtCustomRange(),
+                              &ds->cboCustomChoice(), &ds->chkCustom()};
+    std::istringstream names("cboOperator lblFrom dtpFrom lblTo dtpTo cboMonth spnYear lblCustom "
+                             "txtCustomRange cboCustomChoice chkCustom");
+    std::string shown, name;
+    for (Control* part : parts)
+      if (names >> name && part->Visible())
+        shown += (shown.empty() ? "" : " ") + name;
     return shown;
   }
   // Whether the field shows any text: pixels darker than any background.
