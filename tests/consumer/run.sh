@@ -15,6 +15,9 @@ cd "$work"
 
 cmake --install "$build" --prefix "$work/prefix" >/dev/null
 test ! -e "$work/prefix/include/tarnbrook/draw/canvas_impl.hpp" # private headers stay private
+# the optional database helpers are installed beside the core, for programs that ask for them
+test -e "$work/prefix/include/tarnbrook/sqlite/sqlite_parameters.hpp"
+find "$work/prefix" -name 'libtarnbrook_sqlite.*' | grep -q .
 
 echo "== find_package(Tarnbrook)"
 cmake -S "$here" -B "$work/cmake" -G Ninja -DCMAKE_PREFIX_PATH="$work/prefix" \

@@ -1,7 +1,7 @@
 // Bound criteria on a real PostgreSQL server with date and timestamp columns.
-#include "tests/sql/orders_table.hpp"
 #include "postgres/postgres_parameters.hpp"
 #include "postgres_server.hpp"
+#include "tests/sql/orders_table.hpp"
 
 namespace tarnbrook {
 namespace {
@@ -11,7 +11,7 @@ public:
   explicit PostgresOrders(PGconn* connection) : db_(connection) {
     Exec("DROP TABLE IF EXISTS orders;"
          "CREATE TABLE orders(order_day date, ordered_at timestamp(3));"
-         "INSERT INTO orders SELECT d::date, d + t FROM generate_series(timestamp '2003-01-01',"
+         "INSERT INTO orders SELECT d::date, d + t FROM generate_series(timestamp '2000-01-01',"
          " '2006-12-31', '1 day') d, (VALUES (interval '0'), (interval '12 hours'),"
          " (interval '23:59:59.999')) v(t);");
   }

@@ -19,11 +19,11 @@ namespace tarnbrook {
 using Rows = std::vector<std::string>;
 
 // A table orders(order_day date, ordered_at timestamp) on a real database, with rows at
-// 00:00:00, 12:00:00 and 23:59:59.999 of every day from 2003-01-01 through 2006-12-31. The
+// 00:00:00, 12:00:00 and 23:59:59.999 of every day from 2000-01-01 through 2006-12-31. The
 // names are in lower case, which PostgreSQL reads the same quoted or not.
 class OrdersTable {
 public:
-  static constexpr long RowCount = 1461 * 3;
+  static constexpr long RowCount = 2557 * 3;
   virtual ~OrdersTable() = default;
   virtual SqlDialect Dialect() const = 0;
   // The rows WHERE `criteria`, its values bound by the library's helper for this database.
@@ -89,8 +89,8 @@ public:
 inline void CheckEveryOptionOnEveryDay(OrdersTable& db) {
   CriteriaOnOrders on;
   DateSelect& ds = *on.select;
-  for (const char* today : {"2004-05-10", "2004-02-29", "2004-12-31", "2005-01-01", "2005-03-01",
-                            "2004-08-15"}) {
+  for (const char* today :
+       {"2004-05-10", "2004-02-29", "2004-12-31", "2005-01-01", "2005-03-01", "2004-08-15"}) {
     SCOPED_TRACE(today);
     on.platform.SetNow(*IsoDate(today) + 0.5);
     for (int32_t option = dtsToday; option <= dtsYear; ++option) {

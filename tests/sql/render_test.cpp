@@ -52,7 +52,7 @@ TEST(RenderParameterised, EachComparisonOnATimestampIsAHalfOpenRangeOfWholeDays)
       Render(RangeCriterion(DateSerial(2004, 2, 1), DateSerial(2004, 2, 29) + 0.75), {});
   EXPECT_EQ(month.text, "\"OrderDate\" >= ? AND \"OrderDate\" < ?");
   EXPECT_EQ(Values(month), (std::vector<std::string>{"1 first 2004-02-01 00:00:00",
-                                                      "2 after 2004-03-01 00:00:00"}));
+                                                     "2 after 2004-03-01 00:00:00"}));
 }
 
 TEST(RenderParameterised, ADateColumnTakesTheDaysThemselves) {
@@ -63,8 +63,7 @@ TEST(RenderParameterised, ADateColumnTakesTheDaysThemselves) {
   const ParameterisedSql range =
       Render(RangeCriterion(DateSerial(2003, 12, 29), DateSerial(2004, 1, 4)), date);
   EXPECT_EQ(range.text, "\"o\".\"order_day\" >= ? AND \"o\".\"order_day\" <= ?");
-  EXPECT_EQ(Values(range),
-            (std::vector<std::string>{"1 first 2003-12-29", "2 last 2004-01-04"}));
+  EXPECT_EQ(Values(range), (std::vector<std::string>{"1 first 2003-12-29", "2 last 2004-01-04"}));
   // The day after the last there is: 31 December 9999 at 24:00, which sorts after that day.
   const ParameterisedSql end = Render(CompareCriterion("=", DateSerial(9999, 12, 31)), {});
   EXPECT_EQ(end.parameters.at(1).text, "9999-12-31 24:00:00");
@@ -114,7 +113,8 @@ TEST(RenderParameterised, WhatCannotBeMadeSafeIsRefusedSayingWhy) {
 }
 
 TEST(DateCriterion, DaysInChrono) {
-  const DateCriterion range = RangeCriterion(DateSerial(1899, 12, 29) - 0.25, May10); // 29 December 1899, 06:00
+  const DateCriterion range =
+      RangeCriterion(DateSerial(1899, 12, 29) - 0.25, May10); // 29 December 1899, 06:00
   EXPECT_EQ(year_month_day(range.First()), 1899y / December / 29);
   EXPECT_EQ(year_month_day(range.AfterLast()), 2004y / May / 11);
   EXPECT_EQ(DateValueOf(sys_days(1970y / January / 1)), 25569);

@@ -1,10 +1,11 @@
-// Bound criteria on SQLite, which keeps dates and timestamps as ISO texts.
+// Criteria on SQLite, which keeps dates and timestamps as ISO texts: the control's own text and
+// its bound criteria.
 #include <sqlite3.h>
 
 #include "host/control_registry.hpp"
 #include "orders_table.hpp"
-#include "tests/support/raised.hpp"
 #include "sqlite/sqlite_parameters.hpp"
+#include "tests/support/raised.hpp"
 
 namespace tarnbrook {
 namespace {
@@ -13,10 +14,13 @@ class SqliteOrders : public OrdersTable {
 public:
   SqliteOrders() {
     sqlite3_open(":memory:", &db_);
-    Exec("CREATE TABLE orders(order_day TEXT, ordered_at TEXT);"
-         "WITH RECURSIVE d(x) AS (SELECT '2003-01-01' UNION ALL SELECT date(x, '+1 day') FROM d"
-         " WHERE x < '2006-12-31'), t(y) AS (VALUES (' 00:00:00.000'), (' 12:00:00.000'),"
-         " (' 23:59:59.999')) INSERT INTO orders SELECT x, x || y FROM d, t;");
+    sqlite3_exec(db_,
+                 "CREATE TABLE orders(order_day TEXT, ordered_at TEXT);"
+                 "WITH RECURSIVE d(x) AS (SELECT '2000-01-01' UNION ALL SELECT date(x, '+1 day')"
+                 " FROM d WHERE x < '2006-12-31'), t(y) AS (VALUES (' 00:00:00.000'),"
+                 " (' 12:00:00.000'), (' 23:59:59.999')) INSERT INTO orders"
+                 " SELECT x, x || y FROM d, t;",
+                 nullptr, nullptr, nullptr);
   }
   ~SqliteOrders() override { sqlite3_close(db_); }
 
@@ -25,31 +29,33 @@ public:
   std::string DayOfAt() const override { return "substr(ordered_at, 1, 10)"; }
 
   Rows Select(const ParameterisedSql& criteria) override {
-    return Query(criteria.text, [&](sqlite3_stmt* s) { return BindParameters(s, criteria); });
+    return Run(Counting + criteria.text,
+               [&](sqlite3_stmt* s) { return BindParameters(s, criteria); });
   }
   Rows SelectText(const std::string& where, const std::vector<std::string>& values) override {
-    return Query(where, [&](sqlite3_stmt* s) {
+    return Run(Counting + where, values);
+  }
+  // The first row of any statement as texts, `values` bound as text to ?1, ?2 ...
+  Rows Run(const std::string& sql, const std::vector<std::string>& values) {
+    return Run(sql, [&](sqlite3_stmt* s) {
       for (size_t i = 0; i < values.size(); ++i)
         sqlite3_bind_text(s, int(i + 1), values[i].c_str(), -1, SQLITE_TRANSIENT);
       return SQLITE_OK;
     });
   }
-  void Exec(const std::string& sql) {
-    ASSERT_EQ(sqlite3_exec(db_, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
-        << sqlite3_errmsg(db_);
-  }
 
 private:
-  template <class Bind> Rows Query(const std::string& where, Bind bind) {
-    const std::string sql =
-        "SELECT COUNT(*), MIN(ordered_at), MAX(ordered_at) FROM orders WHERE " + where;
+  static inline const std::string Counting =
+      "SELECT COUNT(*), MIN(ordered_at), MAX(ordered_at) FROM orders WHERE ";
+
+  template <class Bind> Rows Run(const std::string& sql, Bind bind) {
     sqlite3_stmt* statement = nullptr;
     Rows row;
     if (sqlite3_prepare_v2(db_, sql.c_str(), -1, &statement, nullptr) != SQLITE_OK ||
         bind(statement) != SQLITE_OK || sqlite3_step(statement) != SQLITE_ROW)
       row = {std::string("error: ") + sqlite3_errmsg(db_)};
     else
-      for (int i = 0; i < 3; ++i) {
+      for (int i = 0; i < sqlite3_column_count(statement); ++i) {
         const unsigned char* text = sqlite3_column_text(statement, i);
         row.push_back(text ? reinterpret_cast<const char*>(text) : "NULL");
       }
@@ -58,6 +64,110 @@ private:
   }
   sqlite3* db_ = nullptr;
 };
+
+// What an option selects in SQLite's own date language, never the library's: ?1 is today,
+// ?2 the first day of the week (0 Sunday, 1 Monday), W the first day of today's week and N
+// the custom number.
+struct OptionDays {
+  int32_t option;
+  std::string first, last;
+  int year = 0, month = 0, unit = 0, number = 0;
+  bool today = false;
+
+  std::string Sql(std::string text) const {
+    const std::string week = "date(?1, '-' || ((strftime('%w', ?1) + 7 - ?2) % 7) || ' days')";
+    for (auto [mark, value] : {std::pair{'W', week}, std::pair{'N', std::to_string(number)},
+                               std::pair{'M', std::to_string(7 * number - 1)}})
+      for (size_t at = text.find(mark); at != std::string::npos; at = text.find(mark, at))
+        text.replace(at, 1, value);
+    return text;
+  }
+};
+
+std::vector<OptionDays> EveryOptionsDays() {
+  const std::string month = "date(?1, 'start of month', '-1 day')";
+  const std::string year = "date(?1, 'start of year', '-1 day')";
+  // clang-format off
+  std::vector<OptionDays> cases = {
+      {dtsToday, "?1", "?1"},
+      {dtsLast7days, "date(?1, '-6 days')", "?1"},
+      {dtsLast30days, "date(?1, '-29 days')", "?1"},
+      {dtsThisWeekTillToday, "W", "?1"},
+      {dtsThisMonthTillToday, "date(?1, 'start of month')", "?1"},
+      {dtsThisYearTillToday, "date(?1, 'start of year')", "?1"},
+      {dtsLastWeek, "date(W, '-7 days')", "date(W, '-1 day')"},
+      {dtsLastMonth, "date(?1, 'start of month', '-1 month')", month},
+      {dtsLastYear, "date(?1, 'start of year', '-1 year')", year},
+      {dtsMonth, "'2004-02-01'", "date('2004-02-01', '+1 month', '-1 day')", 2004, 2},
+      {dtsMonth, "'2003-12-01'", "'2003-12-31'", 2003, 12},
+      {dtsYear, "'2000-01-01'", "'2000-12-31'", 2000},
+  };
+  const std::pair<std::string, std::string> units[] = {
+      {"date(?1, '-N days')", "date(?1, '-1 day')"}, {"date(W, '-M days')", "W"},
+      {"date(?1, 'start of month', '-N months')", month},
+      {"date(?1, 'start of year', '-N years')", year}};
+  // clang-format on
+  for (int unit = dtsDays; unit <= dtsYears; ++unit)
+    for (int number : {1, 3})
+      for (bool today : {false, true})
+        cases.push_back({dtsCustomRange, units[unit].first, today ? "?1" : units[unit].second, 0, 0,
+                         unit, number, today});
+  return cases;
+}
+
+// Each option on days that end weeks, months and years, weeks from Sunday or Monday: the
+// control's dates are SQLite's, and its own SQL text, with BETWEEN or without, selects exactly
+// their rows from a date column.
+TEST(SqliteCriteria, OptionDatesAreSqlitesAndTheirTextSelectsThem) {
+  SqliteOrders db;
+  CriteriaOnOrders on;
+  DateSelect& ds = *on.select;
+  ds.SetSQLFieldName("order_day");
+  ds.SetSQLPrefix("SELECT COUNT(*) FROM orders WHERE");
+  const std::vector<OptionDays> cases = EveryOptionsDays();
+  int checked = 0;
+  for (const char* today : {"2004-05-10", "2004-01-01", "2004-12-31", "2004-02-29", "2004-03-01",
+                            "2004-08-15", "2004-05-15"}) { // Mon, ..., Sun, Sat
+    for (int firstDay : {vbUseSystemDayOfWeek, vbMonday}) {
+      on.platform.SetNow(*IsoDate(today) + 0.5);
+      ds.SetFirstDayofWeek(firstDay);
+      const std::string weekStart = firstDay == vbMonday ? "1" : "0";
+      for (const OptionDays& c : cases) {
+        SCOPED_TRACE(testing::Message()
+                     << today << ", first day " << firstDay << ", option " << c.option << ", "
+                     << c.number << " of unit " << c.unit << (c.today ? " and today" : ""));
+        ds.SetSelection(c.option);
+        if (c.year)
+          ds.SetSelectedYear(int16_t(c.year));
+        if (c.month)
+          ds.SetSelectedMonth(c.month);
+        if (c.option == dtsCustomRange) {
+          ds.chkCustom().SetValue(c.today ? vbChecked : vbUnchecked);
+          ds.SetCustomSelection(c.unit);
+          ds.SetCustomRange(c.number);
+        }
+        const std::string first = c.Sql(c.first), last = c.Sql(c.last);
+        const Rows days = db.Run("SELECT " + first + ", " + last + ", 3 * CAST(julianday(" + last +
+                                     ") - julianday(" + first + ") + 1 AS INTEGER)",
+                                 {today, weekStart});
+        ASSERT_EQ(days.size(), 3u) << days.at(0);
+        EXPECT_EQ(Iso(ds.StartDate()), days[0]);
+        if (c.option != dtsToday) { // Today leaves the end date where it was
+          EXPECT_EQ(Iso(ds.EndDate()), days[1]);
+        }
+        for (bool between : {true, false}) {
+          ds.SetSQLUseBETWEEN(between);
+          EXPECT_EQ(db.SelectText(ds.SQLCriteria(), {}),
+                    (Rows{days[2], days[0] + " 00:00:00.000", days[1] + " 23:59:59.999"}))
+              << ds.SQLCriteria();
+          EXPECT_EQ(db.Run(ds.SQL(), {}), Rows{days[2]});
+          ++checked;
+        }
+      }
+    }
+  }
+  EXPECT_EQ(checked, 7 * 2 * int(cases.size()) * 2);
+}
 
 TEST(SqliteCriteria, EveryOptionSelectsExactlyItsDaysInBothColumnTypes) {
   SqliteOrders db;
