@@ -39,7 +39,7 @@ public:
   // Get of a property or a call of a method, whichever the name is.
   Variant Invoke(const std::string& name, std::vector<Variant> args = {}) const;
 
-  // The object's events by name until the connection is dropped (drop it before the object).
+  // The object's events by name until the connection is dropped.
   EventConnection Connect(EventHandler handler) const;
 
 private:

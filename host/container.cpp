@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "common/control_error.hpp"
+#include "common/dispatch_depth.hpp"
 #include "common/text.hpp"
 #include "host/control_registry.hpp"
 #include "host/file_replace.hpp"
@@ -18,6 +19,9 @@
 
 namespace tarnbrook {
 namespace {
+
+// Posted to the form to destroy the controls handlers removed.
+constexpr UINT WM_RELEASE_DISCARDED = WM_USER + 0x7F0;
 
 // Names and texts from the file are echoed as mended UTF-8.
 [[noreturn]] void LoadFailure(const std::string& fileName, const std::string& message) {
@@ -65,6 +69,7 @@ Container::Container(int32_t width, int32_t height, const std::string& caption) 
 
 Container::~Container() {
   entries_.clear(); // the controls' windows go before the form's
+  discarded_.clear();
   Platform& platform = Platform::Current();
   platform.SetWindowLong(hwnd_, GWL_USERDATA, 0);
   platform.DestroyWindow(hwnd_);
@@ -73,6 +78,8 @@ Container::~Container() {
 LRESULT Container::WindowProc(HWND hwnd, UINT msg, WPARAM, LPARAM) try {
   Platform& platform = Platform::Current();
   auto* form = reinterpret_cast<Container*>(platform.GetWindowLong(hwnd, GWL_USERDATA));
+  if (form && msg == WM_RELEASE_DISCARDED)
+    form->ReleaseDiscarded();
   if (form && msg == WM_PAINT) {
     if (Canvas* canvas = Canvas::FromHandle(platform.GetDC(hwnd)))
       canvas->FillRect(platform.GetClientRect(hwnd),
@@ -104,9 +111,10 @@ Control& Container::Add(std::unique_ptr<Control> control, const std::string& nam
   if (!control || name.empty() || FindEntry(name))
     RaiseRuntimeError(rtInvalidProcedureCall);
   PaintBatch batch; // placed, initialised and shown, then painted once
-  entries_.push_back(Place(std::move(control), name, {left, top, left + width, top + height}));
+  Entry entry = Place(std::move(control), name, {left, top, left + width, top + height});
+  entry.control->InitProperties(); // a control that cannot be made is not added
+  entries_.push_back(std::move(entry));
   Control& added = *entries_.back().control;
-  added.InitProperties();
   added.SetVisible(true);
   added.Refresh();
   return added;
@@ -132,6 +140,28 @@ void Container::Remove(const std::string& name) {
     RaiseRuntimeError(rtInvalidProcedureCall);
   Entry gone = std::move(*it); // off the list before its control goes
   entries_.erase(it);
+  Discard(std::move(gone));
+}
+
+void Container::Discard(Entry entry) {
+  if (!DispatchDepth::Active())
+    return; // destroyed here
+  Platform::Current().ShowWindow(entry.control->hWnd(), SW_HIDE);
+  if (discarded_.empty())
+    Platform::Current().PostMessage(hwnd_, WM_RELEASE_DISCARDED, 0, 0);
+  discarded_.push_back(std::move(entry));
+}
+
+// On the form's own message, so never below a control's frame; inside a handler's modal loop
+// it waits for the handlers to return.
+void Container::ReleaseDiscarded() {
+  if (!DispatchDepth::Active()) {
+    discarded_.clear();
+    return;
+  }
+  const HWND form = hwnd_;
+  DispatchDepth::WhenQuiet(
+      [form] { Platform::Current().PostMessage(form, WM_RELEASE_DISCARDED, 0, 0); });
 }
 
 const std::vector<std::string>& Container::ChangedKeys(const std::string& name) const {
@@ -201,6 +231,8 @@ void Container::LoadFromText(const std::string& text, const std::string& fileNam
     }
   }
   entries_.swap(loaded);
+  for (Entry& old : loaded)
+    Discard(std::move(old));
   for (Entry& entry : entries_) {
     entry.control->SetVisible(true);
     entry.control->Refresh();

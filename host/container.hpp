@@ -39,7 +39,9 @@ public:
   Control& Item(size_t index) const { return *entries_.at(index).control; }
   const std::string& Name(size_t index) const { return entries_.at(index).name; }
   Control* Find(const std::string& name) const; // null when absent
-  // Takes the control off the form and destroys it. Raises 5 when no control has the name.
+  // Takes the control off the form and destroys it; removed by one of its handlers, or while
+  // any control is handling a message, it is hidden at once and destroyed when the form is
+  // next idle. Raises 5 when no control has the name.
   void Remove(const std::string& name);
 
   // The keys a control's site was told of through PropertyChanged, in order.
@@ -66,6 +68,10 @@ private:
     std::unique_ptr<Control> control;
   };
   Entry Place(std::unique_ptr<Control> control, const std::string& name, const Rect& bounds);
+  // Destroys a control taken off the list; while an event or a control's window procedure
+  // runs, hides it and keeps it until they have all returned and the form is next idle.
+  void Discard(Entry entry);
+  void ReleaseDiscarded();
   const Entry* FindEntry(const std::string& name) const;
   static LRESULT WindowProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
 
@@ -74,6 +80,7 @@ private:
   Font ambientFont_;
   OleColor ambientBackColor_ = vbButtonFace;
   std::vector<Entry> entries_;
+  std::vector<Entry> discarded_; // removed by a handler, not yet destroyed
   ErrorHandler errorHandler_;
 };
 

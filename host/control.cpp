@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "common/dispatch_depth.hpp"
 #include "platform/escaped_error.hpp"
 #include "platform/platform.hpp"
 
@@ -196,6 +197,7 @@ LRESULT Control::WindowProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
   auto* control = reinterpret_cast<Control*>(Platform::Current().GetWindowLong(hwnd, GWL_USERDATA));
   if (!control)
     return 0;
+  DispatchDepth running; // a handler below may remove the control: it stays until this returns
   try {
     return control->Route(msg, wParam, lParam);
   } catch (...) {

@@ -76,7 +76,7 @@ struct MethodInfo {
   std::string name;
   std::vector<ArgInfo> args; // optional ones last
   MemberType returns = MemberType::Void;
-  MethodInvoker invoke;    // gets every argument, the left-out ones as their defaults
+  MethodInvoker invoke;         // gets every argument, the left-out ones as their defaults
   std::string objectClass = {}; // for MemberType::Object, the described class it returns
 };
 
@@ -88,8 +88,8 @@ struct EventInfo {
 
 // Receives a class's events by name; by-reference arguments written here go back.
 using EventHandler = std::function<void(const std::string& event, std::vector<Variant>& args)>;
-// Keeps a by-name connection to one object's events; dropping it disconnects. Drop it
-// before the object goes.
+// Keeps a by-name connection to one object's events; dropping it disconnects, and dropping it
+// after the object has gone does nothing.
 using EventConnection = std::shared_ptr<void>;
 
 struct ClassInfo {
@@ -246,8 +246,11 @@ std::function<EventConnection(Object&, EventHandler)> Connector() {
     auto adapter = std::make_shared<Adapter>(std::move(handler));
     control.Connect(adapter.get());
     C* target = &control;
-    return std::shared_ptr<void>(adapter.get(),
-                                 [adapter, target](void*) { target->Disconnect(adapter.get()); });
+    std::weak_ptr<const void> alive = control.Lifetime(); // dropped after the control: nothing
+    return std::shared_ptr<void>(adapter.get(), [adapter, target, alive](void*) {
+      if (!alive.expired())
+        target->Disconnect(adapter.get());
+    });
   };
 }
 

@@ -107,6 +107,23 @@ TEST_F(DateSelectTest, YearAndMonthSetByAProgram) {
   EXPECT_EQ(ds->SelectedYear(), 1601);
 }
 
+// At the ends of the range what cannot be made is refused, and nothing of it is kept.
+TEST_F(DateSelectTest, TheEndsOfTheRangeKeepNothingOfWhatIsRefused) {
+  SetToday(1601, 1, 10);
+  for (int32_t option : {dtsLastMonth, dtsLastYear})
+    EXPECT_EQ(RaisedNumber([&] { ds->SetSelection(option); }), 2050);
+  EXPECT_EQ(ds->Selection(), dtsToday);
+  EXPECT_EQ(ds->SelectedYear(), 2004);
+  EXPECT_EQ(Reloaded().Selection(), dtsToday);
+  SetToday(100, 6, 1); // before any day the fields can show: the control cannot be made
+  EXPECT_EQ(RaisedNumber([&] {
+              form.Add(std::make_unique<DateSelect>(form.hWnd()), "Later", 0, 0, 300, 60);
+            }),
+            2050);
+  EXPECT_EQ(form.Count(), 1u);
+  EXPECT_EQ(platform.Children(form.hWnd()).size(), 1u);
+}
+
 TEST_F(DateSelectTest, SettingsReachTheConstituents) {
   ds->SetButtonWidth(20);
   ds->SetButtonWidth(-3); // ignored
