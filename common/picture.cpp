@@ -3,11 +3,11 @@
 #include <cairo.h>
 
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <memory>
 
 #include "common/control_error.hpp"
+#include "common/regular_file.hpp"
+#include "common/text.hpp"
 
 namespace tarnbrook {
 namespace {
@@ -45,10 +45,9 @@ Picture::Picture(int width, int height, std::vector<uint32_t> pixels)
     RaiseRuntimeError(rtInvalidPicture);
 }
 
-namespace {
+namespace {} // namespace
 
-// The size a PNG's header claims: signature, then the IHDR chunk's width and height.
-uint64_t ClaimedPixels(const std::vector<uint8_t>& bytes) {
+uint64_t Picture::ClaimedPixels(const std::vector<uint8_t>& bytes) {
   if (bytes.size() < 24 || std::memcmp(bytes.data() + 12, "IHDR", 4) != 0)
     return 0;
   auto word = [&](size_t at) {
@@ -58,11 +57,12 @@ uint64_t ClaimedPixels(const std::vector<uint8_t>& bytes) {
   return word(16) * word(20);
 }
 
-} // namespace
-
 Picture Picture::FromPngBytes(const std::vector<uint8_t>& bytes) {
-  if (ClaimedPixels(bytes) > MaxPixels)
-    RaiseRuntimeError(rtInvalidPicture);
+  if (const uint64_t claimed = ClaimedPixels(bytes); claimed > MaxPixels)
+    throw ControlError(rtInvalidPicture, "Tarnbrook",
+                       "Invalid picture: it has " + std::to_string(claimed) +
+                           " pixels, more than the " + std::to_string(MaxPixels) +
+                           " a picture may have");
   ReadCursor cursor{&bytes, 0};
   SurfacePtr loaded(cairo_image_surface_create_from_png_stream(ReadBytes, &cursor),
                     cairo_surface_destroy);
@@ -90,12 +90,13 @@ Picture Picture::FromPngBytes(const std::vector<uint8_t>& bytes) {
 }
 
 Picture Picture::FromPngFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file)
+  const FileRead file = ReadRegularFile(path, MaxPngFileBytes);
+  if (file.missing)
     RaiseRuntimeError(rtFileNotFound);
-  std::vector<uint8_t> bytes((std::istreambuf_iterator<char>(file)),
-                             std::istreambuf_iterator<char>());
-  return FromPngBytes(bytes);
+  if (!file.bytes)
+    throw ControlError(rtInvalidPicture, "Tarnbrook",
+                       MendUtf8("Invalid picture: '" + path + "' " + file.problem));
+  return FromPngBytes(std::vector<uint8_t>(file.bytes->begin(), file.bytes->end()));
 }
 
 std::vector<uint8_t> Picture::ToPngBytes() const {

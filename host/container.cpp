@@ -1,15 +1,10 @@
 #include "host/container.hpp"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 
 #include "common/control_error.hpp"
 #include "common/dispatch_depth.hpp"
+#include "common/regular_file.hpp"
 #include "common/text.hpp"
 #include "host/control_registry.hpp"
 #include "host/file_replace.hpp"
@@ -239,36 +234,12 @@ void Container::LoadFromText(const std::string& text, const std::string& fileNam
   }
 }
 
-// Only a regular file of at most MaxFormFileBytes is read: a device or a pipe could give
-// bytes for ever, or none.
 void Container::LoadFromFile(const std::string& path) {
-  Descriptor file{::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)};
-  if (file.fd < 0)
-    LoadFailure(path, std::string("cannot be opened (") + std::strerror(errno) + ")");
-  struct stat status {};
-  if (::fstat(file.fd, &status) != 0)
-    LoadFailure(path, std::string("cannot be read (") + std::strerror(errno) + ")");
-  if (S_ISDIR(status.st_mode))
-    LoadFailure(path, "is a folder, not a form file");
-  if (!S_ISREG(status.st_mode))
-    LoadFailure(path, "is not a regular file (a device, pipe or socket)");
-  if (uint64_t(status.st_size) > MaxFormFileBytes)
-    LoadFailure(path, "is larger than " + std::to_string(MaxFormFileBytes >> 20) + " MiB");
-  std::string text;
-  char buffer[65536];
-  for (;;) {
-    ssize_t n = ::read(file.fd, buffer, sizeof buffer);
-    if (n < 0 && errno == EINTR)
-      continue;
-    if (n < 0)
-      LoadFailure(path, std::string("cannot be read (") + std::strerror(errno) + ")");
-    if (n == 0)
-      break;
-    if (text.size() + size_t(n) > MaxFormFileBytes) // it grew while being read
-      LoadFailure(path, "is larger than " + std::to_string(MaxFormFileBytes >> 20) + " MiB");
-    text.append(buffer, size_t(n));
-  }
-  LoadFromText(text, path);
+  FileRead file = ReadRegularFile(path, MaxFormFileBytes);
+  if (!file.bytes)
+    LoadFailure(path,
+                file.problem == "is a folder" ? "is a folder, not a form file" : file.problem);
+  LoadFromText(*file.bytes, path);
 }
 
 } // namespace tarnbrook

@@ -1,5 +1,6 @@
 #include "host/form_file.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <nlohmann/json.hpp>
@@ -137,7 +138,29 @@ std::vector<uint8_t> DecodeBytes(const Json& json, const std::string& place) {
   return *bytes;
 }
 
-Variant DecodeValue(const Json& json, const std::string& place) {
+// Decodes a picture within what the form's pictures may still take.
+std::shared_ptr<Picture> DecodePicture(const Json& value, const std::string& place,
+                                       uint64_t& pixelsLeft) {
+  std::vector<uint8_t> png = DecodeBytes(value, place);
+  if (png.empty())
+    return std::make_shared<Picture>();
+  const uint64_t claimed = Picture::ClaimedPixels(png);
+  if (claimed > Picture::MaxPixels)
+    Fail(place, "the picture is too large: " + std::to_string(claimed) + " pixels, more than the " +
+                    std::to_string(Picture::MaxPixels) + " one may have");
+  if (claimed > pixelsLeft)
+    Fail(place, "the form's pictures are too large: more than the " +
+                    std::to_string(MaxFormPixels) + " pixels a form may hold in all");
+  try {
+    auto picture = std::make_shared<Picture>(Picture::FromPngBytes(png));
+    pixelsLeft -= std::min<uint64_t>(pixelsLeft, uint64_t(picture->Width()) * picture->Height());
+    return picture;
+  } catch (const ControlError&) {
+    Fail(place, "the picture is not a PNG image");
+  }
+}
+
+Variant DecodeValue(const Json& json, const std::string& place, uint64_t& pixelsLeft) {
   if (!json.is_object() || json.size() != 1)
     Fail(place, "expected an object with one type name, such as {\"Long\": 5}");
   const std::string& type = json.begin().key();
@@ -182,16 +205,8 @@ Variant DecodeValue(const Json& json, const std::string& place) {
   }
   if (type == "Font")
     return Variant(std::make_shared<Font>(DecodeFont(value, place)));
-  if (type == "Picture") {
-    std::vector<uint8_t> png = DecodeBytes(value, place);
-    if (png.empty())
-      return Variant(std::make_shared<Picture>());
-    try {
-      return Variant(std::make_shared<Picture>(Picture::FromPngBytes(png)));
-    } catch (const ControlError&) {
-      Fail(place, "the picture is not a PNG image");
-    }
-  }
+  if (type == "Picture")
+    return Variant(std::shared_ptr<Object>(DecodePicture(value, place, pixelsLeft)));
   Fail(place, "unknown type \"" + type + "\"");
 }
 
@@ -207,7 +222,7 @@ std::string DecodeText(const Json& json, const std::string& place) {
   return json.get<std::string>();
 }
 
-ControlRecord DecodeControl(const Json& json, const std::string& place) {
+ControlRecord DecodeControl(const Json& json, const std::string& place, uint64_t& pixelsLeft) {
   if (!json.is_object())
     Fail(place, "expected a control object");
   ControlRecord record;
@@ -232,7 +247,7 @@ ControlRecord DecodeControl(const Json& json, const std::string& place) {
   if (!properties.is_object())
     Fail(place + ".properties", "expected an object of properties");
   for (const auto& [key, value] : properties.items()) {
-    Variant decoded = DecodeValue(value, place + ".properties." + key);
+    Variant decoded = DecodeValue(value, place + ".properties." + key, pixelsLeft);
     // A default unlike the value, so that the bag keeps every value, Empty included.
     record.Properties.WriteProperty(key, decoded, decoded.IsNull() ? Variant() : Variant::Null());
   }
@@ -397,8 +412,9 @@ std::vector<ControlRecord> ReadFormText(const std::string& text, const std::stri
     if (!list.is_array())
       Fail("controls", "expected a list of controls");
     std::vector<ControlRecord> controls;
+    uint64_t pixelsLeft = MaxFormPixels;
     for (size_t i = 0; i < list.size(); ++i)
-      controls.push_back(DecodeControl(list[i], "controls[" + std::to_string(i) + "]"));
+      controls.push_back(DecodeControl(list[i], "controls[" + std::to_string(i) + "]", pixelsLeft));
     return controls;
   } catch (const FormFault& fault) {
     throw refuse(fault.place + ": " + fault.message);

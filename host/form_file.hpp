@@ -13,10 +13,12 @@ constexpr int32_t errFormFileLoad = 31037; // "Error loading from file"
 
 // Limits of what a form file may hold: brackets nested deeper than MaxFormNesting, a control
 // wider or taller than MaxControlSize pixels (the largest surface) and a file larger than
-// MaxFormFileBytes are refused, as is a picture beyond Picture::MaxPixels.
+// MaxFormFileBytes are refused, as is a picture beyond Picture::MaxPixels and pictures of
+// more than MaxFormPixels in all (a small file can claim gigabytes of them).
 constexpr size_t MaxFormNesting = 64;
 constexpr int32_t MaxControlSize = 32767;
-constexpr uint64_t MaxFormFileBytes = 64ull << 20; // 64 MiB
+constexpr uint64_t MaxFormFileBytes = 64ull << 20;        // 64 MiB
+constexpr uint64_t MaxFormPixels = 2 * 4096ull * 4096ull; // two of the largest pictures
 
 // One control as a form file keeps it.
 struct ControlRecord {

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "common/picture.hpp"
 #include "host/base64.hpp"
 #include "host/container.hpp"
 #include "host/control_registry.hpp"
@@ -155,10 +156,29 @@ TEST_F(FormFileLimitsTest, HostileTextIsRefusedWithWhatIsWrongAndWhere) {
   std::vector<uint8_t> png = {0x89, 'P', 'N',  'G',  13,  10,  26, 10, 0,    0,
                               0,    13,  'I',  'H',  'D', 'R', 0,  0,  0x3E, 0x80,
                               0,    0,   0x3E, 0x80, 8,   6,   0,  0,  0};
-  std::string message =
-      load(ControlText(R"("left": 0, "top": 0, "width": 10, "height": 10)",
-                       R"({"Image": {"Picture": ")" + EncodeBase64(png) + R"("}})"));
-  EXPECT_NE(message.find("controls[0].properties.Image"), std::string::npos) << message;
+  EXPECT_EQ(load(ControlText(R"("left": 0, "top": 0, "width": 10, "height": 10)",
+                             R"({"Image": {"Picture": ")" + EncodeBase64(png) + R"("}})")),
+            "Form file 'f': controls[0].properties.Image: the picture is too large: 256000000 "
+            "pixels, more than the 16777216 one may have");
+}
+
+// A form's pictures together: two of the largest, and not a third.
+TEST_F(FormFileLimitsTest, AFormsPicturesHaveABudget) {
+  const std::string big = EncodeBase64(
+      Picture(4096, 4096, std::vector<uint32_t>(4096 * 4096, 0xFF336699)).ToPngBytes());
+  std::string pictures;
+  for (const char* key : {"A", "B", "C"})
+    pictures += std::string(pictures.empty() ? "{" : ", ") + "\"" + key + "\": {\"Picture\": \"" +
+                big + "\"}";
+  EXPECT_EQ(
+      Refusal(31037,
+              [&] {
+                form.LoadFromText(
+                    ControlText(R"("left": 0, "top": 0, "width": 9, "height": 9)", pictures + "}"),
+                    "f");
+              }),
+      "Form file 'f': controls[0].properties.C: the form's pictures are too large: more "
+      "than the 33554432 pixels a form may hold in all");
 }
 
 TEST_F(FormFileLimitsTest, AControlRefusesASizeNoSurfaceCanHold) {

@@ -32,6 +32,18 @@ TEST(PictureTest, InvalidDataIsRefused) {
     EXPECT_EQ(error.Description(), "Invalid picture");
   }
   EXPECT_EQ(Raised([] { Picture(2, 2, {1, 2, 3}); }).Number(), 481);
+  png[17] = 0x40; // 4194308 wide: too large, and said so
+  EXPECT_EQ(Raised([&] { Picture::FromPngBytes(png); }).Description(),
+            "Invalid picture: it has 16777232 pixels, more than the 16777216 a picture may have");
+}
+
+// Only a regular file of bounded size is read: a device could give bytes for ever.
+TEST(PictureTest, OnlyRegularFilesAreRead) {
+  for (const char* path : {"/dev/zero", "/tmp"}) {
+    const ControlError error = Raised([&] { Picture::FromPngFile(path); });
+    EXPECT_EQ(error.Number(), 481);
+    EXPECT_NE(error.Description().find(path), std::string::npos) << error.Description();
+  }
 }
 
 } // namespace
