@@ -152,12 +152,14 @@ void MonthCalendar::SetEmptyButton(bool show) {
 }
 
 void MonthCalendar::SetEmptyButtonCaption(const std::string& caption) {
+  CheckTextLength(caption);
   emptyButtonCaption_ = caption;
   Paint();
   PropertyChanged("EmptyButtonCaption");
 }
 
 void MonthCalendar::SetTodayButtonCaption(const std::string& caption) {
+  CheckTextLength(caption);
   todayButtonCaption_ = caption;
   Paint();
   PropertyChanged("TodayButtonCaption");

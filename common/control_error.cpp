@@ -41,4 +41,9 @@ void RaiseRuntimeError(int32_t number, const std::string& source) {
   throw ControlError(number, source, RuntimeErrorText(number));
 }
 
+void CheckTextLength(std::string_view text) {
+  if (text.size() > MaxTextBytes)
+    RaiseRuntimeError(rtInvalidPropertyValue);
+}
+
 } // namespace tarnbrook

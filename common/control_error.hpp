@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace tarnbrook {
 
@@ -31,6 +32,11 @@ enum RuntimeErrorNumber : int32_t {
 
 // The runtime's usual description for one of its error numbers ("Type mismatch", ...).
 std::string RuntimeErrorText(int32_t number);
+
+// The longest text a control keeps (a text box's text, a caption, a list entry, a format), in
+// bytes: text is measured to be shown, and a longer one is refused with 380.
+constexpr size_t MaxTextBytes = 65535;
+void CheckTextLength(std::string_view text);
 
 // Raises a runtime error with its usual text.
 [[noreturn]] void RaiseRuntimeError(int32_t number, const std::string& source = "Tarnbrook");

@@ -307,6 +307,7 @@ void DateSelect::SetShowFocusRect(bool show) {
 
 // An empty format is the user's short date.
 void DateSelect::SetInputFormat(const std::string& format) {
+  CheckTextLength(format); // before either field takes it
   for (DatePicker* picker : {dtpFrom_.get(), dtpTo_.get()}) {
     if (format.empty()) {
       picker->SetFormat(dtpShortDate);

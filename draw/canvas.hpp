@@ -143,6 +143,9 @@ public:
   // The same; with DT_CALCRECT it only measures and sets the rectangle's right and bottom.
   int32_t DrawText(std::string_view text, Rect* rect, uint32_t flags);
   Size GetTextExtent(std::string_view text); // one line, selected font
+  // The advance to every character boundary of one line in the selected font, measured once:
+  // element i is the width of the first i characters.
+  std::vector<int32_t> CharacterEdges(std::string_view text);
 
   // Copies between canvases.
   void BitBlt(int32_t x, int32_t y, int32_t width, int32_t height, const Canvas& source, int32_t sx,

@@ -158,4 +158,8 @@ Size Canvas::GetTextExtent(std::string_view text) {
   return TextEngine::ForThisThread().Measure(impl_->font, text, DT_SINGLELINE | DT_NOPREFIX, -1);
 }
 
+std::vector<int32_t> Canvas::CharacterEdges(std::string_view text) {
+  return TextEngine::ForThisThread().CharacterEdges(impl_->font, text);
+}
+
 } // namespace tarnbrook

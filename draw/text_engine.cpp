@@ -340,6 +340,30 @@ Size TextEngine::Measure(const FontSpec& font, std::string_view text, uint32_t f
   return measured_.emplace(key_, Size{logical.width, logical.height}).first->second;
 }
 
+std::vector<int32_t> TextEngine::CharacterEdges(const FontSpec& font, std::string_view text) {
+  std::vector<int32_t> edges{0};
+  if (!Lay(font, text, DT_SINGLELINE | DT_NOPREFIX, -1))
+    return edges;
+  // Each character's advance, in the order of the text (the iterator walks the line as it is
+  // shown), then summed.
+  std::vector<std::pair<int, int>> advances; // byte index, Pango units
+  PangoLayoutIter* iter = pango_layout_get_iter(layout_);
+  do {
+    PangoRectangle extent;
+    pango_layout_iter_get_char_extents(iter, &extent);
+    advances.emplace_back(pango_layout_iter_get_index(iter), std::abs(extent.width));
+  } while (pango_layout_iter_next_char(iter));
+  pango_layout_iter_free(iter);
+  std::sort(advances.begin(), advances.end());
+  const int characters = pango_layout_get_character_count(layout_);
+  int64_t sum = 0;
+  for (int i = 0; i < characters; ++i) {
+    sum += i < int(advances.size()) ? advances[size_t(i)].second : 0;
+    edges.push_back(static_cast<int32_t>((sum + PANGO_SCALE / 2) / PANGO_SCALE));
+  }
+  return edges;
+}
+
 // The laid-out text's coverage over `mask` (relative to its logical top-left, the text turned
 // by `angle`), cut down to its ink.
 ShapedText TextEngine::Rasterise(const PangoRectangle& logical, Rect mask, double angle) {

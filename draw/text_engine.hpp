@@ -68,6 +68,10 @@ public:
   // The logical size alone: no pixels are made for it.
   Size Measure(const FontSpec& font, std::string_view text, uint32_t flags, int32_t wrapWidth);
 
+  // The advance to every character boundary of one line, from one layout: element i is the
+  // width of the first i characters as the line shows them.
+  std::vector<int32_t> CharacterEdges(const FontSpec& font, std::string_view text);
+
   ~TextEngine();
 
 private:

@@ -52,6 +52,7 @@ void CheckBox::WriteProperties(PropertyBag& bag) {
 }
 
 void CheckBox::SetCaption(const std::string& caption) {
+  CheckTextLength(caption);
   caption_ = caption;
   PropertyChanged("Caption");
   Refresh();

@@ -51,6 +51,7 @@ ComboBox::ComboBox(HWND parent) : Control(parent), itemHeight_(MeasureItemHeight
 ComboBox::~ComboBox() = default;
 
 void ComboBox::AddItem(const std::string& item, int32_t index) {
+  CheckTextLength(item);
   if (index < -1 || index > ListCount()) {
     RaiseRuntimeError(rtInvalidProcedureCall);
   }
@@ -99,6 +100,7 @@ std::string ComboBox::List(int32_t index) const {
 
 void ComboBox::SetList(int32_t index, const std::string& item) {
   CheckIndex(index);
+  CheckTextLength(item);
   items_[index].text = item;
   ListChanged();
 }

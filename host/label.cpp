@@ -35,6 +35,7 @@ void Label::WriteProperties(PropertyBag& bag) {
 }
 
 void Label::SetCaption(const std::string& caption) {
+  CheckTextLength(caption);
   caption_ = caption;
   PropertyChanged("Caption");
   Refresh();

@@ -33,13 +33,9 @@ Size MeasureLine(const Font& font, std::string_view text, bool mnemonics) {
 }
 
 std::vector<int32_t> CharacterEdges(const Font& font, std::string_view text) {
-  Canvas& canvas = *Canvas::FromHandle(Probe(font).hDC());
-  std::vector<int32_t> edges{0};
-  for (size_t end = 1; end <= text.size(); ++end) {
-    if (end < text.size() && IsUtf8Continuation(text[end]))
-      continue;
-    edges.push_back(canvas.GetTextExtent(text.substr(0, end)).cx);
-  }
+  std::vector<int32_t> edges = Canvas::FromHandle(Probe(font).hDC())->CharacterEdges(text);
+  // Bytes that are no UTF-8 show as one replacement each: one edge per character of the text.
+  edges.resize(Utf8Length(text) + 1, edges.back());
   return edges;
 }
 

@@ -67,6 +67,7 @@ void TextBox::WriteProperties(PropertyBag& bag) {
 }
 
 void TextBox::SetText(const std::string& text) {
+  CheckTextLength(text);
   if (text == text_)
     return;
   text_ = text;
@@ -204,6 +205,14 @@ bool TextBox::InsertTyped(std::string text) {
       text = Utf8Left(text, room);
       Beep();
     }
+    if (text.empty())
+      return false;
+  }
+  // Nor more than any text may hold.
+  const size_t keptBytes = text_.size() - (SelectionEnd() - SelectionBegin());
+  if (keptBytes + text.size() > MaxTextBytes) {
+    text.resize(Utf8Floor(text, MaxTextBytes - std::min(keptBytes, MaxTextBytes)));
+    Beep();
     if (text.empty())
       return false;
   }

@@ -111,6 +111,7 @@ void DatePicker::SetFormat(int32_t format) {
 }
 
 void DatePicker::SetCustomFormat(const std::string& format) {
+  CheckTextLength(format);
   customFormat_ = format;
   RebuildFields();
   Redraw();

@@ -3,6 +3,7 @@
 # each on its seed corpus for the given number of seconds (default 60).
 # Usage: scripts/fuzz.sh [seconds] [target...]   targets: conversions date_format
 #                                                format_cutter form_file form_values
+#                                                automation
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -10,7 +11,7 @@ seconds=${1:-60}
 shift || true
 targets=("$@")
 if [ ${#targets[@]} -eq 0 ]; then
-  targets=(conversions date_format format_cutter form_file form_values)
+  targets=(conversions date_format format_cutter form_file form_values automation)
 fi
 
 build=build/fuzz

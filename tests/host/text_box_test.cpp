@@ -291,3 +291,41 @@ TEST_F(TextBoxTest, PropertiesSaveOnlyWhatDiffersAndReadBack) {
 
 } // namespace
 } // namespace tarnbrook
+
+namespace tarnbrook {
+namespace {
+
+// Edges come from one layout of the whole text: one per character boundary, growing, ending
+// at the text's width, with bytes that are no UTF-8 counted as the characters they show as.
+TEST_F(TextBoxTest, CharacterEdgesComeFromOneLayout) {
+  const std::string text = "Wave \xC3\xA9t\xC3\xA9 AV\xFF!";
+  const std::vector<int32_t> edges = CharacterEdges(box.Font(), text);
+  ASSERT_EQ(edges.size(), 14u);
+  EXPECT_TRUE(std::is_sorted(edges.begin(), edges.end()));
+  EXPECT_NEAR(edges.back(), MeasureLine(box.Font(), text).cx, 1);
+  EXPECT_NEAR(edges[4], MeasureLine(box.Font(), "Wave").cx, 1);
+}
+
+// No text a control keeps, and so measures, is longer than MaxTextBytes: refused when set,
+// cut when typed.
+TEST_F(TextBoxTest, TextsHaveABoundedLength) {
+  const std::string longest(MaxTextBytes, 'x'), longer(MaxTextBytes + 1, 'x');
+  auto& label = Add<Label>("lblFrom", 20, 60, 80, 20);
+  auto& check = Add<CheckBox>("chkCustom", 20, 90, 80, 20);
+  for (const std::function<void(const std::string&)>& set :
+       std::vector<std::function<void(const std::string&)>>{
+           [&](const std::string& t) { box.SetText(t); },
+           [&](const std::string& t) { label.SetCaption(t); },
+           [&](const std::string& t) { check.SetCaption(t); }}) {
+    EXPECT_EQ(RaisedNumber([&] { set(longer); }), 380);
+    set(longest);
+  }
+  box.SetText(std::string(MaxTextBytes - 1, 'x'));
+  box.SetSelStart(0);
+  platform.Type("ab");
+  EXPECT_EQ(box.Text().size(), MaxTextBytes);
+  EXPECT_EQ(platform.BeepCount(), 1);
+}
+
+} // namespace
+} // namespace tarnbrook
