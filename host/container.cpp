@@ -141,10 +141,11 @@ void Container::Remove(const std::string& name) {
 void Container::Discard(Entry entry) {
   if (!DispatchDepth::Active())
     return; // destroyed here
-  Platform::Current().ShowWindow(entry.control->hWnd(), SW_HIDE);
+  const HWND window = entry.control->hWnd();
   if (discarded_.empty())
     Platform::Current().PostMessage(hwnd_, WM_RELEASE_DISCARDED, 0, 0);
-  discarded_.push_back(std::move(entry));
+  discarded_.push_back(std::move(entry)); // kept before anything it hears can throw
+  Platform::Current().ShowWindow(window, SW_HIDE);
 }
 
 // On the form's own message, so never below a control's frame; inside a handler's modal loop
