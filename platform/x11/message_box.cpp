@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "common/ole_color.hpp"
+#include "common/push_tracker.hpp"
 #include "platform/x11/x11_platform.hpp"
 
 namespace tarnbrook {
@@ -28,7 +29,8 @@ struct MessageBoxState {
   std::string text;
   std::vector<Button> buttons;
   Rect textRect;
-  int pressed = -1;
+  int held = -1; // the button the mouse went down on
+  PushTracker push;
   int answer = 0;
 };
 
@@ -78,7 +80,7 @@ void Paint(const MessageBoxState& box, Canvas& canvas, const Rect& client) {
   for (size_t i = 0; i < box.buttons.size(); ++i) {
     const Button& button = box.buttons[i];
     uint32_t state = DFCS_BUTTONPUSH;
-    if (box.pressed == static_cast<int>(i)) {
+    if (box.held == static_cast<int>(i) && box.push.Pushed()) {
       state |= DFCS_PUSHED;
     }
     canvas.DrawFrameControl(button.rect, DFC_BUTTON, state);
@@ -98,14 +100,21 @@ LRESULT MessageBoxProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
     Paint(*box, *Canvas::FromHandle(platform.GetDC(hwnd)), platform.GetClientRect(hwnd));
     break;
   case WM_LBUTTONDOWN:
-    box->pressed = ButtonAt(*box, lParam);
-    platform.InvalidateRect(hwnd);
+    box->held = ButtonAt(*box, lParam);
+    if (box->held >= 0 && box->push.Press(true)) {
+      platform.InvalidateRect(hwnd);
+    }
+    break;
+  case WM_MOUSEMOVE:
+    if (box->push.Move(box->held >= 0 && ButtonAt(*box, lParam) == box->held)) {
+      platform.InvalidateRect(hwnd);
+    }
     break;
   case WM_LBUTTONUP:
-    if (box->pressed >= 0 && box->pressed == ButtonAt(*box, lParam)) {
-      box->answer = box->buttons[box->pressed].answer;
+    if (box->push.Release(box->held >= 0 && ButtonAt(*box, lParam) == box->held)) {
+      box->answer = box->buttons[box->held].answer;
     }
-    box->pressed = -1;
+    box->held = -1;
     platform.InvalidateRect(hwnd);
     break;
   case WM_KEYDOWN:
@@ -130,7 +139,9 @@ LRESULT MessageBoxProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
 // focus returns where it was.
 int X11Platform::MessageBox(HWND owner, const std::string& text, const std::string& caption,
                             UINT type) {
-  MessageBoxState box{text, ButtonsFor(type), {}};
+  MessageBoxState box;
+  box.text = text;
+  box.buttons = ButtonsFor(type);
   Size client = Layout(box);
   HWND form = IsWindow(owner) ? TopLevelOf(owner) : 0;
   Rect around = form ? GetWindowRect(form)
