@@ -81,32 +81,23 @@ std::array<tarnbrook::Label*, 3> DateSelect::Labels() {
 void DateSelect::ShowConstituents() {
   const int32_t option = selection_;
   std::vector<Control*> shown;
-  switch (option) {
-  case dtsToday:
-  case dtsDate:
+  switch (ShapeOf(option)) {
+  case OptionShape::Day:
     shown = {dtpFrom_.get()};
     break;
-  case dtsDateRange:
-  case dtsLast7days:
-  case dtsLast30days:
-  case dtsThisWeekTillToday:
-  case dtsThisMonthTillToday:
-  case dtsThisYearTillToday:
-  case dtsLastWeek:
+  case OptionShape::Fields:
     shown = {lblFrom_.get(), dtpFrom_.get(), lblTo_.get(), dtpTo_.get()};
     break;
-  case dtsLastMonth:
-  case dtsMonth:
+  case OptionShape::Month:
     shown = {cboMonth_.get(), spnYear_.get()};
     break;
-  case dtsLastYear:
-  case dtsYear:
+  case OptionShape::Year:
     shown = {spnYear_.get()};
     break;
-  case dtsCustomRange:
+  case OptionShape::Custom:
     shown = {lblCustom_.get(), txtCustomRange_.get(), cboCustomChoice_.get(), chkCustom_.get()};
     break;
-  case dtsExpression:
+  case OptionShape::Operator:
     shown = {cboOperator_.get(), dtpFrom_.get()};
     break;
   default:

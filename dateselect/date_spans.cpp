@@ -97,11 +97,11 @@ OptionDates DatesOfOption(int32_t option, const RangeInputs& in) {
   }
 }
 
-DateCriterion CriterionOfOption(int32_t option, const CriteriaInputs& in) {
+OptionShape ShapeOf(int32_t option) {
   switch (option) {
   case dtsToday:
   case dtsDate:
-    return CompareCriterion("=", in.start.ToDate());
+    return OptionShape::Day;
   case dtsDateRange:
   case dtsLast7days:
   case dtsLast30days:
@@ -109,25 +109,44 @@ DateCriterion CriterionOfOption(int32_t option, const CriteriaInputs& in) {
   case dtsThisMonthTillToday:
   case dtsThisYearTillToday:
   case dtsLastWeek:
-    return RangeCriterion(in.start.ToDate(), in.end.ToDate());
+    return OptionShape::Fields;
   case dtsLastMonth:
-  case dtsMonth: {
+  case dtsMonth:
+    return OptionShape::Month;
+  case dtsLastYear:
+  case dtsYear:
+    return OptionShape::Year;
+  case dtsCustomRange:
+    return OptionShape::Custom;
+  case dtsExpression:
+    return OptionShape::Operator;
+  default:
+    return OptionShape::None;
+  }
+}
+
+DateCriterion CriterionOfOption(int32_t option, const CriteriaInputs& in) {
+  switch (ShapeOf(option)) {
+  case OptionShape::Day:
+    return CompareCriterion("=", in.start.ToDate());
+  case OptionShape::Fields:
+    return RangeCriterion(in.start.ToDate(), in.end.ToDate());
+  case OptionShape::Month: {
     const DateSpan span = MonthSpan(in.year, in.month);
     return RangeCriterion(span.start, span.end);
   }
-  case dtsLastYear:
-  case dtsYear: {
+  case OptionShape::Year: {
     const DateSpan span = YearSpan(in.year);
     return RangeCriterion(span.start, span.end);
   }
-  case dtsCustomRange: {
+  case OptionShape::Custom: {
     const std::optional<DateSpan> span =
         CustomSpan(in.today, in.customNumber, in.customUnit, in.firstDayOfWeek, in.includeToday);
     if (span)
       return RangeCriterion(span->start, span->end);
     return RangeCriterion(in.start.ToDate(), in.end.ToDate());
   }
-  case dtsExpression:
+  case OptionShape::Operator:
     return CompareCriterion(in.op, in.start.ToDate());
   default:
     return {};

@@ -29,6 +29,12 @@ enum dtsOptions {
   dtsYear = 14,
 };
 
+// What an option selects, which decides both what the control shows and how its criteria
+// read: a day of the start field, the range of both fields, a month of the held year, the held
+// year, the custom range, or the operator with the start field.
+enum class OptionShape { None, Day, Fields, Month, Year, Custom, Operator };
+OptionShape ShapeOf(int32_t option);
+
 // A range of whole days, both ends included.
 struct DateSpan {
   DateValue start = 0;
