@@ -46,16 +46,16 @@ FileRead ReadRegularFile(const std::string& path, uint64_t maxBytes) {
     const ssize_t n = ::read(fd, buffer, sizeof buffer);
     if (n < 0 && errno == EINTR)
       continue;
+    if (n == 0) {
+      read.bytes = std::move(bytes);
+      break;
+    }
     if (n < 0)
       read.problem = Because("cannot be read");
-    else if (n == 0)
-      read.bytes = std::move(bytes);
     else if (bytes.size() + size_t(n) > maxBytes) // it grew while being read
       read.problem = LargerThan(maxBytes);
     else
       bytes.append(buffer, size_t(n));
-    if (read.bytes)
-      break;
   }
   ::close(fd);
   return read;

@@ -23,15 +23,14 @@ long DayNumber(DateValue date) {
   return SplitDateValue(date).Days;
 }
 
+// An ASCII letter, digit or underscore: what names are made of.
+bool IsWordChar(char c) {
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_';
+}
+
 bool IsIdentifierPart(std::string_view part) {
-  if (part.empty() || part.size() > 63 || (part[0] >= '0' && part[0] <= '9'))
-    return false;
-  for (char c : part) {
-    const bool letter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-    if (!letter && c != '_' && !(c >= '0' && c <= '9'))
-      return false;
-  }
-  return true;
+  return !part.empty() && part.size() <= 63 && !(part[0] >= '0' && part[0] <= '9') &&
+         std::all_of(part.begin(), part.end(), IsWordChar);
 }
 
 // The column as a quoted name, or a quoted table and name; both dialects quote with double
@@ -119,9 +118,7 @@ std::string Offending(const char* what, const std::string& text, size_t at) {
 void CheckPrefix(const std::string& prefix) {
   for (size_t at = 0; at < prefix.size(); ++at) {
     const char c = prefix[at];
-    const bool word =
-        (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_';
-    if (c == '\0' || (!word && !std::strchr(" \t\n\r*,.()=<>+", c)))
+    if (c == '\0' || (!IsWordChar(c) && !std::strchr(" \t\n\r*,.()=<>+", c)))
       Refuse(Offending("the prefix", prefix, at) +
              ": a prefix for bound criteria may hold only names, numbers, spaces and * , . ( ) "
              "= < > +");
