@@ -188,6 +188,10 @@ protected:
   void OnKeyUp(int16_t& keyCode, int16_t shift) override;
 
 private:
+  // Its description, saved form included; a member, because some keys load straight into
+  // the fields.
+  static ClassInfo Describe();
+
   // Model and navigation.
   struct MonthListRelay : ComboBoxEvents {
     std::function<void()> click;

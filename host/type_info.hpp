@@ -54,6 +54,21 @@ struct ArgInfo {
 using PropertyGetter = std::function<Variant(Object&, const std::vector<Variant>& index)>;
 using PropertySetter = std::function<void(Object&, const Variant& value)>;
 
+// How a saved form keeps a property. Keys are read in `read` order and written in `write`
+// order: some classes' forms keep the two orders apart, and readers depend on both.
+struct SavedAs {
+  int read = -1;          // its place among the keys read; -1: not saved
+  int write = -1;         // its place among the keys written; -1: the same as read
+  Variant byDefault = {}; // what an absent key reads as; a value equal to it is left out
+  std::function<Variant(Object&)> defaultOf = {}; // instead, a default the control decides
+  std::string writtenAs = {};                     // a second spelling the key is written under
+  bool alwaysWritten = false;                     // written even when it equals its default
+  bool asInteger = false;   // written as a 16-bit integer whatever its property's type
+  bool quiet = false;       // a value the control refuses is dropped without a word
+  PropertySetter load = {}; // how a read value is applied, when not through the setter
+  bool IsSaved() const { return read >= 0; }
+};
+
 struct PropertyInfo {
   std::string name;
   MemberType type = MemberType::Variant;
@@ -63,10 +78,16 @@ struct PropertyInfo {
   PropertyGetter get;         // always present
   PropertySetter let;         // null: read-only. An object property is assigned by Set.
   std::string objectClass;    // for MemberType::Object, the described class it returns
+  SavedAs saved = {};
   bool CanGet() const { return static_cast<bool>(get); }
   bool CanAssign() const { return static_cast<bool>(let); }
   bool IsObject() const {
     return type == MemberType::Font || type == MemberType::Picture || type == MemberType::Object;
+  }
+  // The same property, saved in forms as `how` says.
+  PropertyInfo Saved(SavedAs how) && {
+    saved = std::move(how);
+    return std::move(*this);
   }
 };
 
@@ -171,6 +192,11 @@ template <class C, class R> struct Getter<R (C::*)()> {
   using Class = C;
   using Value = std::decay_t<R>;
 };
+template <class M> struct DataMember;
+template <class C, class V> struct DataMember<V C::*> {
+  using Class = C;
+  using Value = V;
+};
 template <class M> struct Setter;
 template <class C, class A> struct Setter<void (C::*)(A)> {
   using Class = C;
@@ -205,6 +231,16 @@ PropertyInfo Property(std::string name, MemberType type, std::string key = {},
     };
   }
   return info;
+}
+
+// A load that puts a read value straight into a data member: none of the setter's checks,
+// notifications or repainting, for the keys a form restores as they were saved.
+template <auto Member> PropertySetter Store(MemberType type) {
+  using namespace type_info_detail;
+  using M = DataMember<decltype(Member)>;
+  return [type](Object& object, const Variant& value) {
+    As<typename M::Class>(object).*Member = FromVariant<typename M::Value>(value, type);
+  };
 }
 
 // An argument's description: by value, by reference, or optional with its default.

@@ -87,6 +87,9 @@ public:
   std::string ClassName() const override { return "DatePicker"; }
   // The picker's members as hosts reach them by name.
   static const ClassInfo& TypeInfo();
+  // The widest limits, as a saved form's defaults hold them.
+  static constexpr const char* MinDateText = "1/1/1601";
+  static constexpr const char* MaxDateText = "12/31/9999";
 
   void Connect(DatePickerEvents* sink) { events_.Connect(sink); }
   void Disconnect(DatePickerEvents* sink) { events_.Disconnect(sink); }

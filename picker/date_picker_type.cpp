@@ -1,4 +1,5 @@
 // The picker as hosts reach it by name: its properties, methods, events and enumerations.
+#include "host/persisted_objects.hpp"
 #include "host/sql_parameters_object.hpp"
 #include "host/type_info.hpp"
 #include "picker/date_picker.hpp"
@@ -79,66 +80,111 @@ std::vector<MethodInfo> PickerMethods() {
           })};
 }
 
+// Saved in one order, read and written alike. The font's default is the container's font; no
+// calendar font stored keeps the calendar's own.
 std::vector<PropertyInfo> PickerProperties() {
+  auto ambientFont = [](Object& o) {
+    return FontVariant(type_info_detail::As<P>(o).Site().AmbientFont());
+  };
+  auto keepUnlessStored = [](Object& o, const Variant& v) {
+    if (!v.IsEmpty())
+      type_info_detail::As<P>(o).SetCalendarFont(*ObjectOf<tarnbrook::Font>(v));
+  };
   return {
-      Property<&P::Value, &P::SetValue>("Value", T::Variant, "Value"),
+      Property<&P::Value, &P::SetValue>("Value", T::Variant, "Value")
+          .Saved({.read = 10, .byDefault = Variant::Null()}),
       Property<&P::DateValue>("DateValue", T::Date),
       Property<&P::TimeValue>("TimeValue", T::Date),
-      Property<&P::MinDate, &P::SetMinDate>("MinDate", T::Date, "MinDate"),
-      Property<&P::MaxDate, &P::SetMaxDate>("MaxDate", T::Date, "MaxDate"),
-      Property<&P::AllowEmpty, &P::SetAllowEmpty>("AllowEmpty", T::Boolean, "AllowEmpty"),
-      Property<&P::Format, &P::SetFormat>("Format", T::Long, "Format", "dtpFormats"),
-      Property<&P::CustomFormat, &P::SetCustomFormat>("CustomFormat", T::String, "CustomFormat"),
-      Property<&P::ChangeOnDrag, &P::SetChangeOnDrag>("ChangeOnDrag", T::Boolean, "ChangeOnDrag"),
-      Property<&P::ExitOnReturn, &P::SetExitOnReturn>("ExitOnReturn", T::Boolean, "ExitOnReturn"),
-      Property<&P::Locked, &P::SetLocked>("Locked", T::Boolean, "Locked"),
-      Property<&P::Enabled, &P::SetEnabled>("Enabled", T::Boolean, "Enabled"),
-      Property<&P::Button, &P::SetButton>("Button", T::Long, "Button", "dtpButtons"),
-      Property<&P::ButtonWidth, &P::SetButtonWidth>("ButtonWidth", T::Long, "ButtonWidth"),
+      Property<&P::MinDate, &P::SetMinDate>("MinDate", T::Date, "MinDate")
+          .Saved({.read = 9, .byDefault = P::MinDateText}),
+      Property<&P::MaxDate, &P::SetMaxDate>("MaxDate", T::Date, "MaxDate")
+          .Saved({.read = 8, .byDefault = P::MaxDateText}),
+      Property<&P::AllowEmpty, &P::SetAllowEmpty>("AllowEmpty", T::Boolean, "AllowEmpty")
+          .Saved({.read = 25, .byDefault = true}),
+      Property<&P::Format, &P::SetFormat>("Format", T::Long, "Format", "dtpFormats")
+          .Saved({.read = 36, .byDefault = int32_t(dtpShortDate)}),
+      Property<&P::CustomFormat, &P::SetCustomFormat>("CustomFormat", T::String, "CustomFormat")
+          .Saved({.read = 11, .byDefault = ""}),
+      Property<&P::ChangeOnDrag, &P::SetChangeOnDrag>("ChangeOnDrag", T::Boolean, "ChangeOnDrag")
+          .Saved({.read = 1, .byDefault = true}),
+      Property<&P::ExitOnReturn, &P::SetExitOnReturn>("ExitOnReturn", T::Boolean, "ExitOnReturn")
+          .Saved({.read = 18, .byDefault = false}),
+      Property<&P::Locked, &P::SetLocked>("Locked", T::Boolean, "Locked")
+          .Saved({.read = 15, .byDefault = false}),
+      Property<&P::Enabled, &P::SetEnabled>("Enabled", T::Boolean, "Enabled")
+          .Saved({.read = 17, .byDefault = true}),
+      Property<&P::Button, &P::SetButton>("Button", T::Long, "Button", "dtpButtons")
+          .Saved({.read = 5, .byDefault = int32_t(dtpDropDown)}),
+      Property<&P::ButtonWidth, &P::SetButtonWidth>("ButtonWidth", T::Long, "ButtonWidth")
+          .Saved({.read = 7, .byDefault = int16_t(16), .asInteger = true}),
       Property<&P::ButtonStyle, &P::SetButtonStyle>("ButtonStyle", T::Long, "ButtonStyle",
-                                                    "dtpButtonStyles"),
+                                                    "dtpButtonStyles")
+          .Saved({.read = 6, .byDefault = int32_t(dtpButton3D)}),
       Property<&P::BorderStyle, &P::SetBorderStyle>("BorderStyle", T::Long, "BorderStyle",
-                                                    "dtpBorderStyles"),
-      Property<&P::BackColor, &P::SetBackColor>("BackColor", T::Color, "BackColor"),
-      Property<&P::ForeColor, &P::SetForeColor>("ForeColor", T::Color, "ForeColor"),
-      Property<&P::FocusColor, &P::SetFocusColor>("FocusColor", T::Color, "FocusColor"),
+                                                    "dtpBorderStyles")
+          .Saved({.read = 16, .byDefault = int32_t(dtpBorderSunken3D)}),
+      Property<&P::BackColor, &P::SetBackColor>("BackColor", T::Color, "BackColor")
+          .Saved({.read = 3, .byDefault = vbWindowBackground}),
+      Property<&P::ForeColor, &P::SetForeColor>("ForeColor", T::Color, "ForeColor")
+          .Saved({.read = 4, .byDefault = vbButtonText}),
+      Property<&P::FocusColor, &P::SetFocusColor>("FocusColor", T::Color, "FocusColor")
+          .Saved({.read = 12, .byDefault = int32_t(0xB0FCB0)}),
       Property<&P::UseFocusColor, &P::SetUseFocusColor>("UseFocusColor", T::Boolean,
-                                                        "UseFocusColor"),
+                                                        "UseFocusColor")
+          .Saved({.read = 14, .byDefault = true}),
       Property<&P::ShowFocusRect, &P::SetShowFocusRect>("ShowFocusRect", T::Boolean,
-                                                        "ShowFocusRect"),
-      Property<&P::Font, &P::SetFont>("Font", T::Font, "Font"),
+                                                        "ShowFocusRect")
+          .Saved({.read = 13, .byDefault = true}),
+      Property<&P::Font, &P::SetFont>("Font", T::Font, "Font")
+          .Saved({.read = 2, .defaultOf = ambientFont}),
       Property<&P::IsDropped>("IsDropped", T::Boolean),
       Property<&P::CalendarAnimation, &P::SetCalendarAnimation>(
-          "CalendarAnimation", T::Long, "CalendarAnimation", "dtpAnimationTypes"),
+          "CalendarAnimation", T::Long, "CalendarAnimation", "dtpAnimationTypes")
+          .Saved({.read = 19, .byDefault = int32_t(dtpAnimateBlend)}),
       Property<&P::CalendarButtonStyle, &P::SetCalendarButtonStyle>(
-          "CalendarButtonStyle", T::Long, "CalendarButtonStyle", "dtpButtonStyles"),
+          "CalendarButtonStyle", T::Long, "CalendarButtonStyle", "dtpButtonStyles")
+          .Saved({.read = 24, .byDefault = int32_t(dtpButton3D)}),
       Property<&P::CalendarBackColor, &P::SetCalendarBackColor>("CalendarBackColor", T::Color,
-                                                                "CalendarBackColor"),
+                                                                "CalendarBackColor")
+          .Saved({.read = 26, .byDefault = vbWindowBackground}),
       Property<&P::CalendarActiveMonthColor, &P::SetCalendarActiveMonthColor>(
-          "CalendarActiveMonthColor", T::Color, "CalendarActiveMonthColor"),
+          "CalendarActiveMonthColor", T::Color, "CalendarActiveMonthColor")
+          .Saved({.read = 29, .byDefault = vbWindowText}),
       Property<&P::CalendarInactiveMonthColor, &P::SetCalendarInactiveMonthColor>(
-          "CalendarInactiveMonthColor", T::Color, "CalendarInactiveMonthColor"),
+          "CalendarInactiveMonthColor", T::Color, "CalendarInactiveMonthColor")
+          .Saved({.read = 30, .byDefault = vbButtonFace}),
       Property<&P::CalendarHeaderColor, &P::SetCalendarHeaderColor>("CalendarHeaderColor", T::Color,
-                                                                    "CalendarHeaderColor"),
+                                                                    "CalendarHeaderColor")
+          .Saved({.read = 27, .byDefault = vbButtonFace}),
       Property<&P::CalendarHeaderForeColor, &P::SetCalendarHeaderForeColor>(
-          "CalendarHeaderForeColor", T::Color, "CalendarHeaderForeColor"),
+          "CalendarHeaderForeColor", T::Color, "CalendarHeaderForeColor")
+          .Saved({.read = 28, .byDefault = vbWindowText}),
       Property<&P::CalendarPresentDateColor, &P::SetCalendarPresentDateColor>(
-          "CalendarPresentDateColor", T::Color, "CalendarPresentDateColor"),
+          "CalendarPresentDateColor", T::Color, "CalendarPresentDateColor")
+          .Saved({.read = 31, .byDefault = int32_t(255)}),
       Property<&P::CalendarWeekdayColor, &P::SetCalendarWeekdayColor>(
-          "CalendarWeekdayColor", T::Color, "CalendarWeekdayColor"),
-      Property<&P::CalendarFont, &P::SetCalendarFont>("CalendarFont", T::Font, "CalendarFont"),
+          "CalendarWeekdayColor", T::Color, "CalendarWeekdayColor")
+          .Saved({.read = 20, .byDefault = vbHighlight}),
+      Property<&P::CalendarFont, &P::SetCalendarFont>("CalendarFont", T::Font, "CalendarFont")
+          .Saved({.read = 21, .byDefault = Variant(), .load = keepUnlessStored}),
       Property<&P::CalendarBackground, &P::SetCalendarBackground>("CalendarBackground", T::Picture,
-                                                                  "CalendarBackground"),
+                                                                  "CalendarBackground")
+          .Saved({.read = 23, .byDefault = Variant()}),
       Property<&P::CalendarBackDrawMode, &P::SetCalendarBackDrawMode>(
-          "CalendarBackDrawMode", T::Long, "BackDrawMode", "mvwBackDrawModes"),
+          "CalendarBackDrawMode", T::Long, "BackDrawMode", "mvwBackDrawModes")
+          .Saved({.read = 22, .byDefault = int32_t(0)}),
       Property<&P::CalendarHoverIcon, &P::SetCalendarHoverIcon>("CalendarHoverIcon", T::Boolean,
-                                                                "HoverIcon"),
+                                                                "HoverIcon")
+          .Saved({.read = 35, .byDefault = true}),
       Property<&P::FirstDayofWeek, &P::SetFirstDayofWeek>("FirstDayofWeek", T::Long,
-                                                          "FirstDayofWeek"),
+                                                          "FirstDayofWeek")
+          .Saved({.read = 32, .byDefault = int32_t(0)}),
       Property<&P::TodayButtonCaption, &P::SetTodayButtonCaption>("TodayButtonCaption", T::String,
-                                                                  "TodayButtonCaption"),
+                                                                  "TodayButtonCaption")
+          .Saved({.read = 33, .byDefault = "Today"}),
       Property<&P::EmptyButtonCaption, &P::SetEmptyButtonCaption>("EmptyButtonCaption", T::String,
-                                                                  "EmptyButtonCaption"),
+                                                                  "EmptyButtonCaption")
+          .Saved({.read = 34, .byDefault = "Empty"}),
   };
 }
 
