@@ -1,4 +1,5 @@
 #include "host/combo_drop_list.hpp"
+#include "winplumb/drop_down_placement.hpp"
 
 #include <algorithm>
 
@@ -43,11 +44,9 @@ void ComboBox::DropList::Update(int32_t rows) {
   Platform& platform = Platform::Current();
   Rect field = platform.GetWindowRect(owner_.DropAnchor());
   int32_t height = rows_ * owner_.ItemHeight() + 2 * Border;
-  const Rect work = platform.WorkAreaOrScreen();
-  int32_t top = field.bottom;
-  if (top + height > work.bottom && field.top - height >= work.top) {
-    top = field.top - height;
-  }
+  // Placed as every drop-down is: below the field, above it when the work area ends first.
+  int32_t top =
+      PlaceDropDown(field.bottom, height, field.Height(), platform.WorkAreaOrScreen().bottom).Y;
   platform.SetWindowPos(hWnd(), HWND_TOPMOST, field.left, top, field.Width(), height,
                         SWP_SHOWWINDOW | SWP_NOACTIVATE);
   Refresh();
