@@ -12,24 +12,22 @@ PageDescription ppMonthCalendar() {
   using K = EditorKind;
   PageDescription page{"ppMonthCalendar", "General", "MonthCalendar", 2, {}};
   page.fields = {
-      {"TodayButtonCaption", K::Text, 0, {}, {}, {}},
-      {"EmptyButtonCaption", K::Text, 0, {}, {}, {}},
-      {"EmptyButton", K::Check, 0, {}, {}, {}},
-      {"FirstDayofWeek", K::Choice, 0, {}, FirstDayChoices(), {}},
-      {"ButtonStyle", K::Auto, 0, {}, {}, {}},
-      {"HoverIcon", K::Check, 0, {}, {}, {}},
-      {"MinDate", K::Date, 0, {}, {}, {}},
-      {"MaxDate", K::Date, 0, {}, {}, {}},
-      {"BackgroundImage", K::Picture, 0, {}, {}, {}},
-      {"BackDrawMode", K::Auto, 0, {}, {}, {}},
+      {"TodayButtonCaption"},
+      {"EmptyButtonCaption"},
+      {"EmptyButton"},
+      {"FirstDayofWeek", K::Choice, 0, {}, FirstDayChoices()},
+      {"ButtonStyle"},
+      {"HoverIcon"},
+      {"MinDate"},
+      {"MaxDate"},
+      {"BackgroundImage"},
+      {"BackDrawMode"},
       {"Colors",
        K::Colors,
        1,
        {"BackColor", "ActiveMonthColor", "InactiveMonthColor", "PresentDateColor", "WeekDayColor",
-        "HeaderColor", "HeaderForeColor"},
-       {},
-       {}},
-      {"Fonts", K::Fonts, 1, {"Font"}, {}, {}},
+        "HeaderColor", "HeaderForeColor"}},
+      {"Fonts", K::Fonts, 1, {"Font"}},
   };
   return page;
 }

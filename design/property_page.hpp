@@ -34,14 +34,15 @@ enum class EditorKind {
 struct PropertyField;
 using EditorMaker = std::function<std::unique_ptr<PropertyEditor>(const PropertyField&)>;
 
-// One entry of a page: the property it edits and how.
+// One entry of a page: the property it edits and how; Auto takes the editor from the
+// property's description (its type and enumeration).
 struct PropertyField {
   std::string name; // the property; for a group, its caption
   EditorKind kind = EditorKind::Auto;
-  int column = 0;                                       // the page's columns, left to right
-  std::vector<std::string> members;                     // Colors and Fonts
-  std::vector<std::pair<std::string, int32_t>> choices; // Choice without an enumeration
-  EditorMaker make;                                     // Custom
+  int column = 0;                                            // the page's columns, left to right
+  std::vector<std::string> members = {};                     // Colors and Fonts
+  std::vector<std::pair<std::string, int32_t>> choices = {}; // Choice without an enumeration
+  EditorMaker make = {};                                     // Custom
 };
 
 // A page: the class it edits and its fields. Everything else (reading the controls, blank
