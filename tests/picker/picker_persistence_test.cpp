@@ -1,5 +1,6 @@
+#include <algorithm>
+
 #include "common/property_bag.hpp"
-#include "host/control_registry.hpp"
 #include "host/persisted_objects.hpp"
 #include "picker_fixture.hpp"
 
@@ -30,60 +31,22 @@ TEST_F(PickerTest, AnEmptyBagGivesTheDefaultsAndAnEmptyPickerAtTheLoadingTime) {
   EXPECT_EQ(Written(*picker).size(), 1u);
 }
 
-TEST_F(PickerTest, EveryKeyReadsBackUnchangedThroughASavedForm) {
-  Font font;
-  font.Name = "DejaVu Serif";
-  font.Italic = true;
-  auto picture = std::make_shared<Picture>(1, 1, std::vector<uint32_t>{0xFF102030});
-  const Entries stored = {{"ChangeOnDrag", false},
-                          {"Font", FontVariant(font)},
-                          {"BackColor", RGB(250, 250, 210)},
-                          {"ForeColor", RGB(0, 0, 128)},
-                          {"Button", int32_t(dtpBoth)},
-                          {"ButtonStyle", int32_t(dtpButtonThin3D)},
-                          {"ButtonWidth", int16_t(18)},
-                          {"MaxDate", Variant::Date(DateSerial(2030, 6, 30) + 0.75)},
-                          {"MinDate", Variant::Date(DateSerial(1700, 1, 2) + 0.25)},
-                          {"Value", Variant::Date(DateSerial(1899, 12, 29) + 0.5)},
-                          {"CustomFormat", "'Week' d, MMMM yyyy hh:mm tt"},
-                          {"FocusColor", RGB(255, 255, 200)},
-                          {"ShowFocusRect", false},
-                          {"UseFocusColor", false},
-                          {"Locked", true},
-                          {"BorderStyle", int32_t(dtpBorderEtched)},
-                          {"Enabled", false},
-                          {"ExitOnReturn", true},
-                          {"CalendarAnimation", int32_t(dtpAnimateRoll)},
-                          {"CalendarWeekdayColor", RGB(128, 0, 0)},
-                          {"CalendarFont", FontVariant(font)},
-                          {"BackDrawMode", int32_t(mvwBackRepeatY)},
-                          {"CalendarBackground", PictureVariant(picture)},
-                          {"CalendarButtonStyle", int32_t(dtpButtonFlat)},
-                          {"AllowEmpty", false},
-                          {"CalendarBackColor", RGB(255, 255, 240)},
-                          {"CalendarHeaderColor", OleColorNone},
-                          {"CalendarHeaderForeColor", RGB(255, 255, 255)},
-                          {"CalendarActiveMonthColor", RGB(0, 64, 0)},
-                          {"CalendarInactiveMonthColor", RGB(160, 160, 160)},
-                          {"CalendarPresentDateColor", RGB(0, 0, 255)},
-                          {"FirstDayofWeek", int32_t(vbMonday)},
-                          {"TodayButtonCaption", "Now"},
-                          {"EmptyButtonCaption", ""},
-                          {"HoverIcon", false},
-                          {"Format", int32_t(dtpCustom)}};
+// Every key, its spelling and order are held by the saved-forms fixture; here, the two the
+// calendar lends its own names to, and the picker's own name for one of them being no key.
+TEST_F(PickerTest, TheCalendarsKeysAreReadUnderTheCalendarsNames) {
   MemoryPropertyBag bag;
-  for (const auto& [key, value] : stored)
-    bag.WriteProperty(key, value);
-  bag.WriteProperty("CalendarBackDrawMode", int32_t(1)); // not a key of the picker's
+  bag.WriteProperty("BackDrawMode", int32_t(mvwBackRepeatY));
+  bag.WriteProperty("CalendarBackDrawMode", int32_t(mvwBackCentered));
+  bag.WriteProperty("HoverIcon", false);
+  bag.WriteProperty("CalendarHeaderColor", OleColorNone);
   picker->ReadProperties(bag);
   EXPECT_EQ(picker->CalendarBackDrawMode(), mvwBackRepeatY);
+  EXPECT_FALSE(picker->CalendarHoverIcon());
   EXPECT_EQ(picker->Calendar().HeaderColor(), OleColorNone);
-  EXPECT_EQ(Written(*picker), stored);
-
-  RegisterControlClass<DatePicker>("DatePicker");
-  Container reloaded;
-  reloaded.LoadFromText(form.SaveToText());
-  EXPECT_EQ(Written(static_cast<DatePicker&>(*reloaded.Find(Name))), stored);
+  const Entries written = Written(*picker);
+  EXPECT_EQ(std::count_if(written.begin(), written.end(),
+                          [](const auto& entry) { return entry.first.rfind("Calendar", 0) == 0; }),
+            2); // CalendarHeaderColor and CalendarFont
 }
 
 TEST_F(PickerTest, StoredLimitsAreCheckedAgainstEachOtherAndTheRestIsStillRead) {
