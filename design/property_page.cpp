@@ -95,14 +95,16 @@ void PropertyPage::OnPaint() {
 
 // ---- the pages of a class ----
 
+// Every page names the class it edits; a class's pages are those, in this order.
 std::vector<PageDescription> PropertyPagesFor(const std::string& className) {
-  if (EqualsIgnoreCaseAscii(className, "MonthCalendar"))
-    return {ppMonthCalendar()};
-  if (EqualsIgnoreCaseAscii(className, "DatePicker"))
-    return {ppDatePickerProperties()};
-  if (EqualsIgnoreCaseAscii(className, "DateSelect"))
-    return {ppDateSelectSettings(), ppDateSelectAppearance()};
-  return {};
+  std::vector<PageDescription> pages;
+  for (PageDescription (*make)() :
+       {ppMonthCalendar, ppDatePickerProperties, ppDateSelectSettings, ppDateSelectAppearance}) {
+    PageDescription page = make();
+    if (EqualsIgnoreCaseAscii(page.className, className))
+      pages.push_back(std::move(page));
+  }
+  return pages;
 }
 
 bool HasPropertyPages(const std::vector<Control*>& selection) {
