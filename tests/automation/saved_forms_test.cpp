@@ -2,13 +2,18 @@
 // defaults. A form opened and saved again keeps its bytes, and the same settings made afresh
 // save to the same bytes, so no key, order, type or default can drift unnoticed.
 // TARNBROOK_WRITE_FORMS=1 writes the files anew (only when a Part changes what is saved).
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
+#include <set>
 #include <sstream>
 
+#include "automation/class_factory.hpp"
+#include "automation/type_library.hpp"
 #include "automation_fixture.hpp"
 #include "calendar/month_calendar.hpp"
+#include "common/text.hpp"
 #include "constituents/combo_list_x.hpp"
 #include "constituents/number_spin.hpp"
 #include "dateselect/date_select.hpp"
@@ -193,6 +198,32 @@ TEST_F(SavedFormsTest, EveryClassSavesTheBytesItSavedBefore) {
   Container reopened(640, 480);
   reopened.LoadFromText(saved.str());
   EXPECT_EQ(reopened.SaveToText(), saved.str());
+}
+
+// Each class's saved keys as data: every one can be read back into the control, and no two
+// share a key or a place in either order.
+TEST_F(SavedFormsTest, EachClassesSavedKeysHaveOnePlaceAndAWayBackIn) {
+  for (const ClassRegistration& registration : RegisteredClasses()) {
+    const ClassInfo* info = FindClassInfo(registration.className);
+    ASSERT_NE(info, nullptr) << registration.className;
+    std::set<std::string> keys;
+    std::set<int> reads, writes;
+    for (const PropertyInfo& property : info->properties) {
+      if (!property.saved.IsSaved())
+        continue;
+      SCOPED_TRACE(info->name + "." + property.name);
+      EXPECT_TRUE(property.saved.load || property.CanAssign());
+      EXPECT_FALSE(property.key.empty());
+      std::string key = property.key; // a bag matches keys without regard to case
+      std::transform(key.begin(), key.end(), key.begin(), [](char c) { return ToLowerAscii(c); });
+      EXPECT_TRUE(keys.insert(key).second);
+      EXPECT_TRUE(reads.insert(property.saved.read).second);
+      EXPECT_TRUE(
+          writes.insert(property.saved.write < 0 ? property.saved.read : property.saved.write)
+              .second);
+    }
+    EXPECT_FALSE(keys.empty()) << info->name;
+  }
 }
 
 // One font check for every control, before anything is stored; a mended name still saves
