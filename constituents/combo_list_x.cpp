@@ -185,8 +185,8 @@ void ComboListX::Click() {
 
 // --- Input ---
 
-// A press on the frame or the button opens the list; the button shows pressed while the
-// list is asked to drop.
+// A press on the frame or the button opens the list, or closes it when open; the button shows
+// pressed while the list is asked to drop.
 void ComboListX::OnMouseDown(int16_t button, int16_t, float, float) {
   if (button != vbLeftButton)
     return;
@@ -196,9 +196,13 @@ void ComboListX::OnMouseDown(int16_t button, int16_t, float, float) {
   }
   button_.AddState(DFCS_PUSHED);
   PaintNow();
-  Platform::Current().SendMessage(cbo_->hWnd(), CB_SHOWDROPDOWN, 1, 0);
+  Platform::Current().SendMessage(cbo_->hWnd(), CB_SHOWDROPDOWN, !cbo_->DroppedDown(), 0);
   button_.RemoveState(DFCS_PUSHED);
   Redraw();
+}
+
+bool ComboListX::Focusable() const {
+  return Platform::Current().GetFocus() != cbo_->hWnd();
 }
 
 // The keys belong to the inner list.

@@ -71,6 +71,9 @@ public:
   int32_t PreferredHeight() const;
 
 protected:
+  // The frame only passes the focus on to the inner list: while the list has it, a press on
+  // the frame leaves it there (and so does not close the open list on the way).
+  bool Focusable() const override;
   void OnPaint() override;
   void OnResize() override;
   void OnMouseDown(int16_t button, int16_t shift, float x, float y) override;

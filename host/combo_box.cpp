@@ -159,8 +159,6 @@ void ComboBox::ShowDropDown(bool show) {
     dropList_ = std::make_unique<DropList>(*this);
   }
   dropList_->Open(ListRows(), listIndex_);
-  // Holding the mouse lets the list see a click anywhere, outside included.
-  Platform::Current().SetCapture(hWnd());
   Refresh();
 }
 
@@ -248,23 +246,16 @@ void ComboBox::OnResize() {
   KeepFieldHeight();
 }
 
-void ComboBox::OnMouseDown(int16_t button, int16_t, float x, float y) {
+void ComboBox::OnMouseDown(int16_t button, int16_t, float, float) {
   if (button != vbLeftButton) {
     return;
   }
-  if (!DroppedDown()) {
-    buttonHeld_ = true; // the press can only be on the field: nothing else is ours
-    ShowDropDown(true);
+  if (DroppedDown()) {
+    CloseUp(false); // a press on the field closes the open list without a change
     return;
   }
-  Point screen = Platform::Current().ClientToScreen(hWnd(), {int32_t(x), int32_t(y)});
-  if (!dropList_->Contains(screen)) {
-    CloseUp(false); // on the field or outside: closes without a change
-  } else if (!dropList_->ScrollAt(screen)) {
-    if (int32_t item = dropList_->ItemAt(screen); item >= 0) {
-      dropList_->SetHot(item);
-    }
-  }
+  buttonHeld_ = true;
+  ShowDropDown(true);
 }
 
 void ComboBox::OnMouseMove(int16_t, int16_t, float x, float y) {
@@ -337,17 +328,6 @@ LRESULT ComboBox::WindowMessage(UINT msg, WPARAM wParam, LPARAM lParam) {
     return 1;
   case CB_GETDROPPEDSTATE:
     return DroppedDown() ? 1 : 0;
-  case WM_CAPTURECHANGED:
-    // The base lets the mouse go when its button comes up, but the open list still needs it
-    // to see a click outside. Another window taking the mouse closes the list.
-    if (DroppedDown()) {
-      if (lParam == 0) {
-        Platform::Current().SetCapture(hWnd());
-      } else {
-        CloseUp(false);
-      }
-    }
-    return 0;
   default:
     return Control::WindowMessage(msg, wParam, lParam);
   }
@@ -380,11 +360,6 @@ void ComboBox::CloseUp(bool pick) {
   }
   int32_t hot = dropList_->Hot();
   dropList_->Close();
-  Platform& platform = Platform::Current();
-  if (platform.GetCapture() == hWnd()) {
-    platform.ReleaseCapture();
-  }
-  Refresh();
   if (pick && hot >= 0) {
     Select(hot);
   }

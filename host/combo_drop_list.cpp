@@ -1,5 +1,4 @@
 #include "host/combo_drop_list.hpp"
-#include "winplumb/drop_down_placement.hpp"
 
 #include <algorithm>
 
@@ -21,7 +20,13 @@ COLORREF Sys(int index) {
 
 } // namespace
 
-ComboBox::DropList::DropList(ComboBox& owner) : owner_(owner) {}
+ComboBox::DropList::DropList(ComboBox& owner) : owner_(owner) {
+  popup_.Connect(this);
+}
+
+ComboBox::DropList::~DropList() {
+  popup_.Disconnect(this);
+}
 
 void ComboBox::DropList::Open(int32_t rows, int32_t hot) {
   top_ = 0;
@@ -31,7 +36,9 @@ void ComboBox::DropList::Open(int32_t rows, int32_t hot) {
 }
 
 void ComboBox::DropList::Close() {
-  SetVisible(false);
+  if (popup_.IsShown()) {
+    popup_.Hide();
+  }
 }
 
 void ComboBox::DropList::Update(int32_t rows) {
@@ -41,14 +48,10 @@ void ComboBox::DropList::Update(int32_t rows) {
   }
   top_ = std::clamp(top_, 0, std::max(0, owner_.ListCount() - rows_));
 
-  Platform& platform = Platform::Current();
-  Rect field = platform.GetWindowRect(owner_.DropAnchor());
+  Rect field = Platform::Current().GetWindowRect(owner_.DropAnchor());
   int32_t height = rows_ * owner_.ItemHeight() + 2 * Border;
-  // Placed as every drop-down is: below the field, above it when the work area ends first.
-  int32_t top =
-      PlaceDropDown(field.bottom, height, field.Height(), platform.WorkAreaOrScreen().bottom).Y;
-  platform.SetWindowPos(hWnd(), HWND_TOPMOST, field.left, top, field.Width(), height,
-                        SWP_SHOWWINDOW | SWP_NOACTIVATE);
+  bool autoHide = true;
+  popup_.Show(hWnd(), field.left, field.bottom, field.Width(), height, field.Height(), 0, autoHide);
   Refresh();
 }
 
@@ -62,10 +65,6 @@ void ComboBox::DropList::SetHot(int32_t index) {
   Refresh();
 }
 
-bool ComboBox::DropList::Contains(Point screen) {
-  return Visible() && Platform::Current().GetWindowRect(hWnd()).Contains(screen);
-}
-
 int32_t ComboBox::DropList::ItemAt(Point screen) {
   Point client = Platform::Current().ScreenToClient(hWnd(), screen);
   if (!Visible() || !RowsRect().Contains(client)) {
@@ -76,8 +75,7 @@ int32_t ComboBox::DropList::ItemAt(Point screen) {
 }
 
 // The arrows scroll by one row, the track above or below the thumb by a page.
-bool ComboBox::DropList::ScrollAt(Point screen) {
-  Point client = Platform::Current().ScreenToClient(hWnd(), screen);
+bool ComboBox::DropList::ScrollAt(Point client) {
   Rect bar = ScrollBarRect();
   if (!HasScrollBar() || !bar.Contains(client)) {
     return false;
@@ -95,6 +93,44 @@ bool ComboBox::DropList::ScrollAt(Point screen) {
     }
   }
   return true;
+}
+
+// A press on the field or its owner's frame is theirs to answer: it closes the list, and a
+// press there must not open it again at once.
+void ComboBox::DropList::MouseDownOutside(bool& dontHide) {
+  Platform& platform = Platform::Current();
+  HWND pressed = platform.WindowFromPoint(platform.GetCursorPos());
+  dontHide = pressed == owner_.hWnd() || pressed == owner_.DropAnchor();
+}
+
+void ComboBox::DropList::Hidden() {
+  owner_.Refresh(); // the button comes up
+}
+
+Point ComboBox::DropList::ToScreen(float x, float y) {
+  return Platform::Current().ClientToScreen(hWnd(), {int32_t(x), int32_t(y)});
+}
+
+void ComboBox::DropList::OnMouseDown(int16_t button, int16_t, float x, float y) {
+  if (button != vbLeftButton || ScrollAt({int32_t(x), int32_t(y)})) {
+    return;
+  }
+  if (int32_t item = ItemAt(ToScreen(x, y)); item >= 0) {
+    SetHot(item);
+  }
+}
+
+void ComboBox::DropList::OnMouseMove(int16_t, int16_t, float x, float y) {
+  if (int32_t item = ItemAt(ToScreen(x, y)); item >= 0 && item != hot_) {
+    SetHot(item);
+  }
+}
+
+// An item is picked on the release over it.
+void ComboBox::DropList::OnMouseUp(int16_t button, int16_t, float x, float y) {
+  if (button == vbLeftButton && ItemAt(ToScreen(x, y)) >= 0) {
+    owner_.CloseUp(true);
+  }
 }
 
 void ComboBox::DropList::DrawEntry(Canvas& canvas, std::string_view text, const Rect& rect,

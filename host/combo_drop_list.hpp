@@ -4,17 +4,19 @@
 #include <string_view>
 
 #include "host/combo_box.hpp"
+#include "winplumb/drop_down.hpp"
 
 namespace tarnbrook {
 
-// The list a ComboBox drops down: a top-level pop-up window placed below the field (above
-// it when the work area has no room below), as wide as the combo box, one black line around
-// its rows, the hot row highlighted, and a scroll bar when the items outnumber the rows.
-// It never takes the mouse or the focus itself: the combo box holds both and passes on what
-// happens on the list, in screen coordinates.
-class ComboBox::DropList : public Control {
+// The list a ComboBox drops down: a pop-up shown as every drop-down is (below the field,
+// above it when the work area has no room below, closed by a press outside it), as wide as
+// the combo box, one black line around its rows, the hot row highlighted, and a scroll bar
+// when the items outnumber the rows. It never takes the focus: the keys stay with the combo
+// box, which also passes on a drag begun on its field, in screen coordinates.
+class ComboBox::DropList : public Control, private cDropDownEvents {
 public:
   explicit DropList(ComboBox& owner);
+  ~DropList() override;
   std::string ClassName() const override { return "ComboLBox"; }
 
   // Shows `rows` rows below or above the field, the hot row in view.
@@ -26,11 +28,8 @@ public:
   // The hot row follows the mouse and the arrow keys; -1 for none.
   int32_t Hot() const { return hot_; }
   void SetHot(int32_t index);
-  bool Contains(Point screen);
   // The item at a screen point on the rows, -1 elsewhere (the scroll bar included).
   int32_t ItemAt(Point screen);
-  // A press at a screen point on the scroll bar scrolls the rows; false when not on it.
-  bool ScrollAt(Point screen);
 
   // One entry of the field or the list: its text with a small left margin, highlighted or in
   // the text colour (-1: the window text colour).
@@ -38,9 +37,18 @@ public:
                         bool enabled = true, int32_t textColor = -1);
 
 protected:
+  bool Focusable() const override { return false; }
   void OnPaint() override;
+  void OnMouseDown(int16_t button, int16_t shift, float x, float y) override;
+  void OnMouseMove(int16_t button, int16_t shift, float x, float y) override;
+  void OnMouseUp(int16_t button, int16_t shift, float x, float y) override;
 
 private:
+  void MouseDownOutside(bool& dontHide) override;
+  void Hidden() override;
+  Point ToScreen(float x, float y);
+  // A press on the scroll bar scrolls the rows; false when not on it.
+  bool ScrollAt(Point client);
   bool HasScrollBar() const;
   Rect RowsRect();
   Rect ScrollBarRect();
@@ -49,6 +57,7 @@ private:
   void DrawScrollBar(Canvas& canvas);
 
   ComboBox& owner_;
+  cDropDown popup_;
   int32_t rows_ = 0;
   int32_t top_ = 0; // the first item in view
   int32_t hot_ = -1;

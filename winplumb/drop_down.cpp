@@ -35,8 +35,10 @@ cDropDown::~cDropDown() {
 void cDropDown::Show(HWND Control, int32_t X, int32_t Y, int32_t Width, int32_t Height,
                      int32_t ParentHeight, int32_t eType, bool& AutoHide) {
   Platform& platform = Platform::Current();
-  control_ = Control;
-  formerParent_ = platform.GetParent(Control);
+  if (control_ != Control) { // shown again where it is up: its parent is the desktop now
+    control_ = Control;
+    formerParent_ = platform.GetParent(Control);
+  }
 
   // A tool window stays off the task bar.
   LONG_PTR exStyle = platform.GetWindowLong(Control, GWL_EXSTYLE);

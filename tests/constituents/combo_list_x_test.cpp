@@ -79,6 +79,8 @@ TEST_F(ComboListXTest, APressShowsTheButtonPressedWhileTheListDropsBelowTheWhole
   EXPECT_EQ(dropped.left, frame.left);
   EXPECT_EQ(dropped.right, frame.right);
   EXPECT_EQ(dropped.top, frame.bottom);
+  PressButton(); // and a second press closes it
+  EXPECT_FALSE(list->cbo().DroppedDown());
   EXPECT_EQ(clicks, 0);
 }
 

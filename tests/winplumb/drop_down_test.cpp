@@ -61,6 +61,8 @@ TEST_F(DropDownTest, NearTheBottomItRollsUpAboveTheAnchorAndClosesOnAnOutsideCli
   EXPECT_EQ(p.GetWindowLong(control, GWL_EXSTYLE), WS_EX_TOOLWINDOW);
   EXPECT_EQ(State(), "on desktop, visible, shown, hooks 1");
   EXPECT_EQ(Screen("drop_down_open.png", 350, 620), Red);
+  Show(700, 0); // shown again where it is up: still one hook, and it still goes home
+  EXPECT_EQ(State(), "on desktop, visible, shown, hooks 1");
 
   p.Click(350, 620);
   owner.keepOpen = 1;
