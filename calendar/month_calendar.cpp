@@ -1,4 +1,5 @@
 #include "calendar/month_calendar.hpp"
+#include "calendar/month_calendar_keys.hpp"
 #include "common/scoped_flag.hpp"
 
 #include "calendar/month_calendar_defaults.hpp"
@@ -54,7 +55,7 @@ void MonthCalendar::SetValue(DateValue value) {
   PaintBatch batch;
   if (value != value_) {
     value_ = value;
-    PropertyChanged("Value");
+    PropertyChanged(CalendarKey::Value);
   }
   const std::string yearText = std::to_string(Year(value));
   const int32_t monthIndex = Month(value) - 1;
@@ -80,7 +81,7 @@ int32_t MonthCalendar::SelectedDay() const {
 void MonthCalendar::SetSelectedDay(int32_t day) {
   // The accepted month text is a month's name, so its conversion raises a type mismatch.
   SetValue(DateSerial(CInt(CDbl(displayedYear_)), CInt(CDbl(acceptedMonthText_)), day));
-  PropertyChanged("SelectedDay");
+  PropertyChanged(CalendarKey::SelectedDay);
 }
 
 int32_t MonthCalendar::SelectedMonth() const {
@@ -90,8 +91,8 @@ int32_t MonthCalendar::SelectedMonth() const {
 void MonthCalendar::SetSelectedMonth(int32_t month) {
   // The list refuses every index below -1, the lowest month's too.
   cboMonth_->SetListIndex(month > INT32_MIN ? month - 1 : month);
-  PropertyChanged("SelectedMonth");
-  PropertyChanged("Value");
+  PropertyChanged(CalendarKey::SelectedMonth);
+  PropertyChanged(CalendarKey::Value);
 }
 
 int32_t MonthCalendar::SelectedYear() const {
@@ -103,8 +104,8 @@ void MonthCalendar::SetSelectedYear(int32_t year) {
     RaiseRuntimeError(rtInvalidProcedureCall);
   SetDisplayedYear(year);
   Paint();
-  PropertyChanged("SelectedYear");
-  PropertyChanged("Value");
+  PropertyChanged(CalendarKey::SelectedYear);
+  PropertyChanged(CalendarKey::Value);
 }
 
 int32_t MonthCalendar::DisplayedYear() const {
@@ -122,7 +123,7 @@ void MonthCalendar::SetMinDate(DateValue value) {
   if (value > maxDate_)
     throw ControlError(1068, "DatePicker", "MinDate can't be larger than MaxDate");
   minDate_ = value;
-  PropertyChanged("MinDate");
+  PropertyChanged(CalendarKey::MinDate);
 }
 
 void MonthCalendar::SetMaxDate(DateValue value) {
@@ -130,7 +131,7 @@ void MonthCalendar::SetMaxDate(DateValue value) {
   if (value < minDate_)
     throw ControlError(1070, "DatePicker", "MaxDate can't be smaller than MinDate");
   maxDate_ = value;
-  PropertyChanged("MaxDate");
+  PropertyChanged(CalendarKey::MaxDate);
 }
 
 int32_t CheckedFirstDayOfWeek(int32_t firstDay) {
@@ -142,69 +143,69 @@ int32_t CheckedFirstDayOfWeek(int32_t firstDay) {
 void MonthCalendar::SetFirstDayofWeek(int32_t firstDay) {
   firstDayofWeek_ = CheckedFirstDayOfWeek(firstDay);
   Paint();
-  PropertyChanged("FirstDayOfWeek");
+  PropertyChanged(CalendarKey::FirstDayOfWeek);
 }
 
 void MonthCalendar::SetEmptyButton(bool show) {
   emptyButton_ = show;
   Paint();
-  PropertyChanged("EmptyButton");
+  PropertyChanged(CalendarKey::EmptyButton);
 }
 
 void MonthCalendar::SetEmptyButtonCaption(const std::string& caption) {
   CheckTextLength(caption);
   emptyButtonCaption_ = caption;
   Paint();
-  PropertyChanged("EmptyButtonCaption");
+  PropertyChanged(CalendarKey::EmptyButtonCaption);
 }
 
 void MonthCalendar::SetTodayButtonCaption(const std::string& caption) {
   CheckTextLength(caption);
   todayButtonCaption_ = caption;
   Paint();
-  PropertyChanged("TodayButtonCaption");
+  PropertyChanged(CalendarKey::TodayButtonCaption);
 }
 
 void MonthCalendar::SetActiveMonthColor(OleColor color) {
   activeMonthColor_ = color;
   Paint();
-  PropertyChanged("ActiveMonthColor");
+  PropertyChanged(CalendarKey::ActiveMonthColor);
 }
 
 void MonthCalendar::SetInactiveMonthColor(OleColor color) {
   inactiveMonthColor_ = color;
   Paint();
-  PropertyChanged("InactiveMonthColor");
+  PropertyChanged(CalendarKey::InactiveMonthColor);
 }
 
 void MonthCalendar::SetPresentDateColor(OleColor color) {
   presentDateColor_ = color;
   Paint();
-  PropertyChanged("PresentDateColor");
+  PropertyChanged(CalendarKey::PresentDateColor);
 }
 
 void MonthCalendar::SetWeekDayColor(OleColor color) {
   weekDayColor_ = color;
   Paint();
-  PropertyChanged("WeekDayColor");
+  PropertyChanged(CalendarKey::WeekDayColor);
 }
 
 void MonthCalendar::SetHeaderColor(OleColor color) {
   headerColor_ = color;
   Paint();
-  PropertyChanged("HeaderColor");
+  PropertyChanged(CalendarKey::HeaderColor);
 }
 
 void MonthCalendar::SetHeaderForeColor(OleColor color) {
   headerForeColor_ = color;
   Paint();
-  PropertyChanged("HeaderForeColor");
+  PropertyChanged(CalendarKey::HeaderForeColor);
 }
 
 void MonthCalendar::SetBackColor(OleColor color) {
   backColor_ = color;
   Paint();
-  PropertyChanged("BackColor");
+  PropertyChanged(CalendarKey::BackColor);
 }
 
 void MonthCalendar::SetButtonStyle(int32_t style) {
@@ -214,30 +215,30 @@ void MonthCalendar::SetButtonStyle(int32_t style) {
   for (auto& [name, button] : buttons_)
     button.Border = style;
   Paint();
-  PropertyChanged("ButtonStyle");
+  PropertyChanged(CalendarKey::ButtonStyle);
 }
 
 void MonthCalendar::SetBackDrawMode(int32_t mode) {
   backDrawMode_ = mode;
   Paint();
-  PropertyChanged("BackDrawMode");
+  PropertyChanged(CalendarKey::BackDrawMode);
 }
 
 void MonthCalendar::SetBackgroundImage(std::shared_ptr<const Picture> picture) {
   backgroundImage_ = std::move(picture);
   Paint();
-  PropertyChanged("BackGroundImage");
+  PropertyChanged(CalendarKey::BackGroundImage);
 }
 
 void MonthCalendar::SetFont(const tarnbrook::Font& font) {
   font_ = CheckedFont(font);
   Paint();
-  PropertyChanged("Font");
+  PropertyChanged(CalendarKey::Font);
 }
 
 void MonthCalendar::SetHoverIcon(bool hover) {
   hoverIcon_ = hover;
-  PropertyChanged("HoverIcon");
+  PropertyChanged(CalendarKey::HoverIcon);
 }
 
 void MonthCalendar::SetEnabled(bool enabled) {
@@ -251,7 +252,7 @@ void MonthCalendar::SetEnabled(bool enabled) {
     }
   }
   Paint();
-  PropertyChanged("Enabled");
+  PropertyChanged(CalendarKey::Enabled);
 }
 
 void MonthCalendar::About() {

@@ -1,5 +1,6 @@
 // The calendar as hosts reach it by name: its properties, methods, events and enumerations.
 #include "calendar/month_calendar.hpp"
+#include "calendar/month_calendar_keys.hpp"
 #include <optional>
 
 #include "calendar/month_calendar_defaults.hpp"
@@ -138,7 +139,7 @@ ClassInfo MonthCalendar::Describe() {
   info.description = "A one-month calendar with Today and Empty buttons and a pop-up mode";
   info.defaultMember = "Value";
   info.properties = {
-      Property<&C::Value, &C::SetValue>("Value", T::Date, "Value")
+      Property<&C::Value, &C::SetValue>("Value", T::Date, CalendarKey::Value)
           .Saved({.read = 5,
                   .write = 7,
                   .byDefault = Variant(), // always written; absent reads as date 0
@@ -151,16 +152,16 @@ ClassInfo MonthCalendar::Describe() {
       Property<&C::SelectedDay, &C::SetSelectedDay>("SelectedDay", T::Long),
       Property<&C::SelectedMonth, &C::SetSelectedMonth>("SelectedMonth", T::Long),
       Property<&C::SelectedYear, &C::SetSelectedYear>("SelectedYear", T::Long),
-      Property<&C::MinDate, &C::SetMinDate>("MinDate", T::Date, "MinDate")
+      Property<&C::MinDate, &C::SetMinDate>("MinDate", T::Date, CalendarKey::MinDate)
           .Saved(
               {.read = 8, .write = 5, .byDefault = MinDateText, .load = StoreDate<&C::minDate_>()}),
-      Property<&C::MaxDate, &C::SetMaxDate>("MaxDate", T::Date, "MaxDate")
+      Property<&C::MaxDate, &C::SetMaxDate>("MaxDate", T::Date, CalendarKey::MaxDate)
           .Saved({.read = 9,
                   .write = 6,
                   .byDefault = Variant::Date(LastDate()),
                   .load = StoreDate<&C::maxDate_>()}),
       Property<&C::FirstDayofWeek, &C::SetFirstDayofWeek>("FirstDayofWeek", T::Long,
-                                                          "FirstDayOfWeek")
+                                                          CalendarKey::FirstDayOfWeek)
           .Saved({.read = 13,
                   .write = 15,
                   .byDefault = int32_t(0),
@@ -169,78 +170,81 @@ ClassInfo MonthCalendar::Describe() {
                                           calendar.firstDayofWeek_ =
                                               CheckedFirstDayOfWeek(firstDay);
                                         })}),
-      Property<&C::EmptyButton, &C::SetEmptyButton>("EmptyButton", T::Boolean, "EmptyButton")
+      Property<&C::EmptyButton, &C::SetEmptyButton>("EmptyButton", T::Boolean,
+                                                    CalendarKey::EmptyButton)
           .Saved({.read = 20, .write = 9, .byDefault = true, .quiet = true}),
       Property<&C::EmptyButtonCaption, &C::SetEmptyButtonCaption>("EmptyButtonCaption", T::String,
-                                                                  "EmptyButtonCaption")
+                                                                  CalendarKey::EmptyButtonCaption)
           .Saved({.read = 10,
                   .write = 17,
                   .byDefault = "Empty",
                   .quiet = true,
                   .load = Store<&C::emptyButtonCaption_>(T::String)}),
       Property<&C::TodayButtonCaption, &C::SetTodayButtonCaption>("TodayButtonCaption", T::String,
-                                                                  "TodayButtonCaption")
+                                                                  CalendarKey::TodayButtonCaption)
           .Saved({.read = 11,
                   .write = 18,
                   .byDefault = "Today",
                   .quiet = true,
                   .load = Store<&C::todayButtonCaption_>(T::String)}),
       Property<&C::ActiveMonthColor, &C::SetActiveMonthColor>("ActiveMonthColor", T::Color,
-                                                              "ActiveMonthColor")
+                                                              CalendarKey::ActiveMonthColor)
           .Saved({.read = 14,
                   .write = 12,
                   .byDefault = vbButtonText,
                   .quiet = true,
                   .load = Store<&C::activeMonthColor_>(T::Color)}),
       Property<&C::InactiveMonthColor, &C::SetInactiveMonthColor>("InactiveMonthColor", T::Color,
-                                                                  "InactiveMonthColor")
+                                                                  CalendarKey::InactiveMonthColor)
           .Saved({.read = 15,
                   .write = 11,
                   .byDefault = vbGrayText,
                   .quiet = true,
                   .load = Store<&C::inactiveMonthColor_>(T::Color)}),
       Property<&C::PresentDateColor, &C::SetPresentDateColor>("PresentDateColor", T::Color,
-                                                              "PresentDateColor")
+                                                              CalendarKey::PresentDateColor)
           .Saved({.read = 16,
                   .write = 10,
                   .byDefault = int32_t(255),
                   .quiet = true,
                   .load = Store<&C::presentDateColor_>(T::Color)}),
-      Property<&C::WeekDayColor, &C::SetWeekDayColor>("WeekDayColor", T::Color, "WeekDayColor")
+      Property<&C::WeekDayColor, &C::SetWeekDayColor>("WeekDayColor", T::Color,
+                                                      CalendarKey::WeekDayColor)
           .Saved({.read = 1,
                   .write = 1,
                   .byDefault = vbHighlight,
                   .quiet = true,
                   .load = Store<&C::weekDayColor_>(T::Color)}),
-      Property<&C::HeaderColor, &C::SetHeaderColor>("HeaderColor", T::Color, "HeaderColor")
+      Property<&C::HeaderColor, &C::SetHeaderColor>("HeaderColor", T::Color,
+                                                    CalendarKey::HeaderColor)
           .Saved({.read = 18, .write = 13, .byDefault = vbButtonFace, .quiet = true}),
       Property<&C::HeaderForeColor, &C::SetHeaderForeColor>("HeaderForeColor", T::Color,
-                                                            "HeaderForeColor")
+                                                            CalendarKey::HeaderForeColor)
           .Saved({.read = 12,
                   .write = 8,
                   .byDefault = vbButtonText,
                   .quiet = true,
                   .load = Store<&C::headerForeColor_>(T::Color)}),
-      Property<&C::BackColor, &C::SetBackColor>("BackColor", T::Color, "BackColor")
+      Property<&C::BackColor, &C::SetBackColor>("BackColor", T::Color, CalendarKey::BackColor)
           .Saved({.read = 17, .write = 14, .byDefault = vbWindowBackground, .quiet = true}),
-      Property<&C::ButtonStyle, &C::SetButtonStyle>("ButtonStyle", T::Long, "ButtonStyle",
-                                                    "mvwButtonStyles")
+      Property<&C::ButtonStyle, &C::SetButtonStyle>("ButtonStyle", T::Long,
+                                                    CalendarKey::ButtonStyle, "mvwButtonStyles")
           .Saved({.read = 6, .write = 19, .byDefault = int32_t(mvwButton3D), .quiet = true}),
-      Property<&C::BackDrawMode, &C::SetBackDrawMode>("BackDrawMode", T::Long, "BackDrawMode",
-                                                      "mvwBackDrawModes")
+      Property<&C::BackDrawMode, &C::SetBackDrawMode>("BackDrawMode", T::Long,
+                                                      CalendarKey::BackDrawMode, "mvwBackDrawModes")
           .Saved({.read = 3,
                   .write = 2,
                   .byDefault = int32_t(mvwBackTile),
                   .quiet = true,
                   .load = Store<&C::backDrawMode_>(T::Long)}),
       Property<&C::BackgroundImage, &C::SetBackgroundImage>("BackgroundImage", T::Picture,
-                                                            "BackgroundImage")
+                                                            CalendarKey::BackgroundImage)
           .Saved({.read = 4,
                   .write = 3,
                   .byDefault = Variant(),
                   .quiet = true,
                   .load = Store<&C::backgroundImage_>(T::Picture)}),
-      Property<&C::Font, &C::SetFont>("Font", T::Font, "Font")
+      Property<&C::Font, &C::SetFont>("Font", T::Font, CalendarKey::Font)
           .Saved(
               {.read = 2,
                .write = 20,
@@ -249,13 +253,13 @@ ClassInfo MonthCalendar::Describe() {
                                      [](C& calendar, const tarnbrook::Font& font) {
                                        calendar.font_ = CheckedFont(font);
                                      })}),
-      Property<&C::HoverIcon, &C::SetHoverIcon>("HoverIcon", T::Boolean, "HoverIcon")
+      Property<&C::HoverIcon, &C::SetHoverIcon>("HoverIcon", T::Boolean, CalendarKey::HoverIcon)
           .Saved({.read = 7,
                   .write = 4,
                   .byDefault = true,
                   .quiet = true,
                   .load = Store<&C::hoverIcon_>(T::Boolean)}),
-      Property<&C::Enabled, &C::SetEnabled>("Enabled", T::Boolean, "Enabled")
+      Property<&C::Enabled, &C::SetEnabled>("Enabled", T::Boolean, CalendarKey::Enabled)
           .Saved({.read = 19, .write = 16, .byDefault = true, .quiet = true}),
       Property<&C::hwnd>("hwnd", T::Long),
   };

@@ -1,5 +1,6 @@
 // The option records, the offered options and the current one.
 #include "dateselect/date_select.hpp"
+#include "dateselect/date_select_keys.hpp"
 
 #include "common/control_error.hpp"
 #include "common/date_runtime.hpp"
@@ -80,7 +81,7 @@ void DateSelect::SetVisibleOptions(int32_t mask) {
   for (int32_t i = 0; i < OptionCount; ++i)
     records_[i].visible = (mask & (1 << i)) != 0;
   RebuildOptionList();
-  PropertyChanged("VisibleOptions");
+  PropertyChanged(DateSelectKey::VisibleOptions);
 }
 
 std::shared_ptr<CdtsOption> DateSelect::Options(int32_t index) {
@@ -115,7 +116,7 @@ void DateSelect::SetSelection(int32_t option) {
     Quietly([&] { cboSelection_->SetListIndex(entry); });
   WriteDates(dates);
   ShowConstituents();
-  PropertyChanged("Selection");
+  PropertyChanged(DateSelectKey::Selection);
   RaiseWithChange(&DateSelectEvents::SelectionChange);
 }
 

@@ -3,6 +3,7 @@
 #include "common/control_error.hpp"
 #include "common/conversions.hpp"
 #include "dateselect/date_select.hpp"
+#include "dateselect/date_select_keys.hpp"
 #include "platform/platform.hpp"
 
 namespace tarnbrook {
@@ -72,7 +73,7 @@ void DateSelect::SetOperator(const std::string& op) {
   } catch (const ControlError&) {
     throw ControlError(1000, "Tarnbrook.DateSelect", "Invalid Operator");
   }
-  PropertyChanged("Operator");
+  PropertyChanged(DateSelectKey::Operator);
   RaiseWithChange(&DateSelectEvents::OperatorChange);
 }
 

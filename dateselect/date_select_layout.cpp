@@ -1,5 +1,6 @@
 // The constituents: created once, shown per option, laid out in rows under the option list,
 // and given the control's appearance.
+#include "dateselect/date_select_keys.hpp"
 #include <algorithm>
 #include <cstdint>
 
@@ -198,7 +199,7 @@ void DateSelect::SetButtonWidth(int32_t width) {
     list->SetButtonWidth(width);
   spnYear_->SetButtonWidth(width);
   LayoutConstituents();
-  PropertyChanged("ButtonWidth");
+  PropertyChanged(DateSelectKey::ButtonWidth);
 }
 
 void DateSelect::SetButtonStyle(int32_t style) {
@@ -210,7 +211,7 @@ void DateSelect::SetButtonStyle(int32_t style) {
   spnYear_->SetButtonStyle(style);
   dtpFrom_->SetButtonStyle(style);
   dtpTo_->SetButtonStyle(style);
-  PropertyChanged("ButtonStyle");
+  PropertyChanged(DateSelectKey::ButtonStyle);
 }
 
 void DateSelect::SetBorderStyle(int32_t style) {
@@ -221,7 +222,7 @@ void DateSelect::SetBorderStyle(int32_t style) {
   dtpFrom_->SetBorderStyle(style);
   dtpTo_->SetBorderStyle(style);
   LayoutConstituents();
-  PropertyChanged("BorderStyle");
+  PropertyChanged(DateSelectKey::BorderStyle);
 }
 
 void DateSelect::SetBackColor(OleColor color) {
@@ -230,7 +231,7 @@ void DateSelect::SetBackColor(OleColor color) {
     label->SetBackColor(color);
   chkCustom_->SetBackColor(color);
   Refresh();
-  PropertyChanged("BackColor");
+  PropertyChanged(DateSelectKey::BackColor);
 }
 
 void DateSelect::SetControlBackColor(OleColor color) {
@@ -241,7 +242,7 @@ void DateSelect::SetControlBackColor(OleColor color) {
   dtpFrom_->SetBackColor(color);
   dtpTo_->SetBackColor(color);
   txtCustomRange_->SetBackColor(color);
-  PropertyChanged("ControlBackColor");
+  PropertyChanged(DateSelectKey::ControlBackColor);
 }
 
 void DateSelect::SetForeColor(OleColor color) {
@@ -255,7 +256,7 @@ void DateSelect::SetForeColor(OleColor color) {
   for (tarnbrook::Label* label : Labels())
     label->SetForeColor(color);
   chkCustom_->SetForeColor(color);
-  PropertyChanged("ForeColor");
+  PropertyChanged(DateSelectKey::ForeColor);
 }
 
 // Checked once, before any constituent takes it: a refused font leaves every one as it was.
@@ -272,28 +273,28 @@ void DateSelect::SetFont(const tarnbrook::Font& requested) {
     label->SetFont(font);
   chkCustom_->SetFont(font);
   LayoutConstituents();
-  PropertyChanged("Font");
+  PropertyChanged(DateSelectKey::Font);
 }
 
 void DateSelect::SetFocusColor(OleColor color) {
   focusColor_ = color;
   dtpFrom_->SetFocusColor(color);
   dtpTo_->SetFocusColor(color);
-  PropertyChanged("FocusColor");
+  PropertyChanged(DateSelectKey::FocusColor);
 }
 
 void DateSelect::SetUseFocusColor(bool use) {
   useFocusColor_ = use;
   dtpFrom_->SetUseFocusColor(use);
   dtpTo_->SetUseFocusColor(use);
-  PropertyChanged("UseFocusColor");
+  PropertyChanged(DateSelectKey::UseFocusColor);
 }
 
 void DateSelect::SetShowFocusRect(bool show) {
   showFocusRect_ = show;
   dtpFrom_->SetShowFocusRect(show);
   dtpTo_->SetShowFocusRect(show);
-  PropertyChanged("ShowFocusRect");
+  PropertyChanged(DateSelectKey::ShowFocusRect);
 }
 
 // An empty format is the user's short date.
@@ -308,7 +309,7 @@ void DateSelect::SetInputFormat(const std::string& format) {
     }
   }
   inputFormat_ = format;
-  PropertyChanged("InputFormat");
+  PropertyChanged(DateSelectKey::InputFormat);
 }
 
 void DateSelect::SetFirstDayofWeek(int32_t firstDay) {
@@ -317,7 +318,7 @@ void DateSelect::SetFirstDayofWeek(int32_t firstDay) {
   firstDayofWeek_ = firstDay;
   dtpFrom_->SetFirstDayofWeek(firstDay);
   dtpTo_->SetFirstDayofWeek(firstDay);
-  PropertyChanged("FirstDayofWeek");
+  PropertyChanged(DateSelectKey::FirstDayofWeek);
 }
 
 void DateSelect::SetEnabled(bool enabled) {
@@ -328,25 +329,25 @@ void DateSelect::SetEnabled(bool enabled) {
 void DateSelect::SetDisableSelection(bool disable) {
   disableSelection_ = disable;
   cboSelection_->SetEnabled(Enabled() && !disable);
-  PropertyChanged("DisableSelection");
+  PropertyChanged(DateSelectKey::DisableSelection);
 }
 
 void DateSelect::SetDisableStartDate(bool disable) {
   disableStartDate_ = disable;
   ShowConstituents();
-  PropertyChanged("DisableStartDate");
+  PropertyChanged(DateSelectKey::DisableStartDate);
 }
 
 void DateSelect::SetDisableEndDate(bool disable) {
   disableEndDate_ = disable;
   ShowConstituents();
-  PropertyChanged("DisableEndDate");
+  PropertyChanged(DateSelectKey::DisableEndDate);
 }
 
 void DateSelect::SetDisableCustomSelection(bool disable) {
   disableCustomSelection_ = disable;
   ShowConstituents();
-  PropertyChanged("DisableCustomSelection");
+  PropertyChanged(DateSelectKey::DisableCustomSelection);
 }
 
 } // namespace tarnbrook

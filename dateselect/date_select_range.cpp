@@ -5,6 +5,7 @@
 #include "common/conversions.hpp"
 #include "common/date_runtime.hpp"
 #include "dateselect/date_select.hpp"
+#include "dateselect/date_select_keys.hpp"
 #include "platform/platform.hpp"
 
 namespace tarnbrook {
@@ -15,7 +16,7 @@ DateValue DateSelect::StartDate() const {
 
 void DateSelect::SetStartDate(DateValue date) {
   SetFrom(date);
-  PropertyChanged("StartDate");
+  PropertyChanged(DateSelectKey::StartDate);
   RaiseWithChange(&DateSelectEvents::StartDateChange);
 }
 
@@ -26,7 +27,7 @@ DateValue DateSelect::EndDate() const {
 // Reported under the start date's key, as forms have always recorded it.
 void DateSelect::SetEndDate(DateValue date) {
   SetTo(date);
-  PropertyChanged("StartDate");
+  PropertyChanged(DateSelectKey::StartDate);
   RaiseWithChange(&DateSelectEvents::EndDateChange);
 }
 
@@ -89,7 +90,7 @@ void DateSelect::SetSelectedMonth(int32_t month) {
   const OptionDates dates = selection_ == dtsMonth ? DatesOf(selection_, in) : OptionDates{};
   Quietly([&] { cboMonth_->SetListIndex(month - 1); });
   selectedMonth_ = month;
-  PropertyChanged("SelectedMonth");
+  PropertyChanged(DateSelectKey::SelectedMonth);
   WriteDates(dates);
   RaiseWithChange(&DateSelectEvents::MonthChange);
 }
@@ -103,7 +104,7 @@ void DateSelect::SetSelectedYear(int16_t year) {
   selectedYear_ = year;
   Quietly([&] { spnYear_->SetValue(year); });
   WriteDates(dates);
-  PropertyChanged("SelectedYear");
+  PropertyChanged(DateSelectKey::SelectedYear);
   RaiseWithChange(&DateSelectEvents::YearChange);
 }
 

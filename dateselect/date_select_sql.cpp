@@ -3,6 +3,7 @@
 #include "common/date_format.hpp"
 #include "common/date_runtime.hpp"
 #include "dateselect/date_select.hpp"
+#include "dateselect/date_select_keys.hpp"
 #include "dateselect/date_spans.hpp"
 #include "platform/platform.hpp"
 
@@ -57,27 +58,27 @@ std::string DateSelect::SQL() const {
 
 void DateSelect::SetSQLFieldName(const std::string& name) {
   sqlFieldName_ = name;
-  PropertyChanged("SQLFieldName");
+  PropertyChanged(DateSelectKey::SQLFieldName);
 }
 
 void DateSelect::SetSQLDateWrapper(const std::string& wrapper) {
   sqlDateWrapper_ = wrapper;
-  PropertyChanged("SQLDateWrapper");
+  PropertyChanged(DateSelectKey::SQLDateWrapper);
 }
 
 void DateSelect::SetSQLDateFormat(const std::string& format) {
   sqlDateFormat_ = format;
-  PropertyChanged("SQLDateFormat");
+  PropertyChanged(DateSelectKey::SQLDateFormat);
 }
 
 void DateSelect::SetSQLUseBETWEEN(bool use) {
   sqlUseBetween_ = use;
-  PropertyChanged("SQLUseBETWEEN");
+  PropertyChanged(DateSelectKey::SQLUseBETWEEN);
 }
 
 void DateSelect::SetSQLPrefix(const std::string& prefix) {
   sqlPrefix_ = prefix;
-  PropertyChanged("SQLPrefix");
+  PropertyChanged(DateSelectKey::SQLPrefix);
 }
 
 } // namespace tarnbrook

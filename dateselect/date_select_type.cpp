@@ -1,6 +1,7 @@
 // DateSelect and CdtsOption as hosts reach them by name: properties, methods, events and
 // enumerations.
 #include "dateselect/date_select.hpp"
+#include "dateselect/date_select_keys.hpp"
 #include "host/persisted_objects.hpp"
 #include "host/sql_parameters_object.hpp"
 #include "host/type_info.hpp"
@@ -52,80 +53,87 @@ std::vector<PropertyInfo> DateSelectProperties() {
   auto heldYear = [](Object& o) { return Variant(type_info_detail::As<D>(o).SelectedYear()); };
   return {
       Property<&D::VisibleOptions, &D::SetVisibleOptions>("VisibleOptions", T::Long,
-                                                          "VisibleOptions")
+                                                          DateSelectKey::VisibleOptions)
           .Saved({.read = 1, .write = 2, .byDefault = int32_t(16777215)}),
       options,
-      Property<&D::Selection, &D::SetSelection>("Selection", T::Long, "Selection", "dtsOptions")
+      Property<&D::Selection, &D::SetSelection>("Selection", T::Long, DateSelectKey::Selection,
+                                                "dtsOptions")
           .Saved({.read = 20, .write = 9, .byDefault = int16_t(0), .asInteger = true}),
       Property<&D::StartDate, &D::SetStartDate>("StartDate", T::Date),
       Property<&D::EndDate, &D::SetEndDate>("EndDate", T::Date),
       Property<&D::SelectedMonth, &D::SetSelectedMonth>("SelectedMonth", T::Long, {}, "dtsMonths"),
-      Property<&D::SelectedYear, &D::SetSelectedYear>("SelectedYear", T::Integer, "SelectedYear")
+      Property<&D::SelectedYear, &D::SetSelectedYear>("SelectedYear", T::Integer,
+                                                      DateSelectKey::SelectedYear)
           .Saved({.read = 8,
                   .write = 8,
                   .defaultOf = heldYear,
                   .writtenAs = "Selectedyear",
                   .alwaysWritten = true}),
-      Property<&D::Operator, &D::SetOperator>("Operator", T::String, "Operator")
+      Property<&D::Operator, &D::SetOperator>("Operator", T::String, DateSelectKey::Operator)
           .Saved({.read = 12, .write = 12, .byDefault = "="}),
-      Property<&D::CustomRange, &D::SetCustomRange>("CustomRange", T::Long, "CustomRange")
+      Property<&D::CustomRange, &D::SetCustomRange>("CustomRange", T::Long,
+                                                    DateSelectKey::CustomRange)
           .Saved({.read = 19, .write = 18, .byDefault = int16_t(1), .asInteger = true}),
       Property<&D::CustomSelection, &D::SetCustomSelection>(
-          "CustomSelection", T::Long, "CustomSelection", "dtsCustomSelections")
+          "CustomSelection", T::Long, DateSelectKey::CustomSelection, "dtsCustomSelections")
           .Saved({.read = 18, .write = 17, .byDefault = int16_t(0), .asInteger = true}),
-      Property<&D::InputFormat, &D::SetInputFormat>("InputFormat", T::String, "InputFormat")
+      Property<&D::InputFormat, &D::SetInputFormat>("InputFormat", T::String,
+                                                    DateSelectKey::InputFormat)
           .Saved({.read = 11, .write = 11, .byDefault = ""}),
       Property<&D::FirstDayofWeek, &D::SetFirstDayofWeek>("FirstDayofWeek", T::Long,
-                                                          "FirstDayofWeek")
+                                                          DateSelectKey::FirstDayofWeek)
           .Saved({.read = 10, .write = 10, .byDefault = int16_t(0), .asInteger = true}),
       Property<&D::DisableSelection, &D::SetDisableSelection>("DisableSelection", T::Boolean,
-                                                              "DisableSelection")
+                                                              DateSelectKey::DisableSelection)
           .Saved({.read = 15, .write = 13, .byDefault = false}),
       Property<&D::DisableStartDate, &D::SetDisableStartDate>("DisableStartDate", T::Boolean,
-                                                              "DisableStartDate")
+                                                              DateSelectKey::DisableStartDate)
           .Saved({.read = 13, .write = 14, .byDefault = false}),
       Property<&D::DisableEndDate, &D::SetDisableEndDate>("DisableEndDate", T::Boolean,
-                                                          "DisableEndDate")
+                                                          DateSelectKey::DisableEndDate)
           .Saved({.read = 14, .write = 15, .byDefault = false}),
       Property<&D::DisableCustomSelection, &D::SetDisableCustomSelection>(
-          "DisableCustomSelection", T::Boolean, "DisableCustomSelection")
+          "DisableCustomSelection", T::Boolean, DateSelectKey::DisableCustomSelection)
           .Saved({.read = 17, .write = 16, .byDefault = false}),
-      Property<&D::SQLFieldName, &D::SetSQLFieldName>("SQLFieldName", T::String, "SQLFieldName")
+      Property<&D::SQLFieldName, &D::SetSQLFieldName>("SQLFieldName", T::String,
+                                                      DateSelectKey::SQLFieldName)
           .Saved({.read = 9, .write = 23, .byDefault = "Date"}),
       Property<&D::SQLDateWrapper, &D::SetSQLDateWrapper>("SQLDateWrapper", T::String,
-                                                          "SQLDateWrapper")
+                                                          DateSelectKey::SQLDateWrapper)
           .Saved({.read = 16, .write = 24, .byDefault = ""}),
-      Property<&D::SQLDateFormat, &D::SetSQLDateFormat>("SQLDateFormat", T::String, "SQLDateFormat")
+      Property<&D::SQLDateFormat, &D::SetSQLDateFormat>("SQLDateFormat", T::String,
+                                                        DateSelectKey::SQLDateFormat)
           .Saved({.read = 26, .write = 26, .byDefault = ""}),
       Property<&D::SQLUseBETWEEN, &D::SetSQLUseBETWEEN>("SQLUseBETWEEN", T::Boolean,
-                                                        "SQLUseBETWEEN")
+                                                        DateSelectKey::SQLUseBETWEEN)
           .Saved({.read = 25, .write = 25, .byDefault = true}),
-      Property<&D::SQLPrefix, &D::SetSQLPrefix>("SQLPrefix", T::String, "SQLPrefix")
+      Property<&D::SQLPrefix, &D::SetSQLPrefix>("SQLPrefix", T::String, DateSelectKey::SQLPrefix)
           .Saved({.read = 27, .write = 27, .byDefault = ""}),
-      Property<&D::ButtonWidth, &D::SetButtonWidth>("ButtonWidth", T::Long, "ButtonWidth")
+      Property<&D::ButtonWidth, &D::SetButtonWidth>("ButtonWidth", T::Long,
+                                                    DateSelectKey::ButtonWidth)
           .Saved({.read = 23, .write = 1, .byDefault = int16_t(16), .asInteger = true}),
-      Property<&D::ButtonStyle, &D::SetButtonStyle>("ButtonStyle", T::Long, "ButtonStyle",
-                                                    "dtpButtonStyles")
+      Property<&D::ButtonStyle, &D::SetButtonStyle>("ButtonStyle", T::Long,
+                                                    DateSelectKey::ButtonStyle, "dtpButtonStyles")
           .Saved({.read = 7, .write = 6, .byDefault = int32_t(0)}),
-      Property<&D::BorderStyle, &D::SetBorderStyle>("BorderStyle", T::Long, "BorderStyle",
-                                                    "dtpBorderStyles")
+      Property<&D::BorderStyle, &D::SetBorderStyle>("BorderStyle", T::Long,
+                                                    DateSelectKey::BorderStyle, "dtpBorderStyles")
           .Saved({.read = 2, .write = 7, .byDefault = int32_t(3)}),
-      Property<&D::BackColor, &D::SetBackColor>("BackColor", T::Color, "BackColor")
+      Property<&D::BackColor, &D::SetBackColor>("BackColor", T::Color, DateSelectKey::BackColor)
           .Saved({.read = 22, .write = 21, .byDefault = vbButtonFace}),
       Property<&D::ControlBackColor, &D::SetControlBackColor>("ControlBackColor", T::Color,
-                                                              "ControlBackColor")
+                                                              DateSelectKey::ControlBackColor)
           .Saved({.read = 24, .write = 22, .byDefault = vbWindowBackground}),
-      Property<&D::ForeColor, &D::SetForeColor>("ForeColor", T::Color, "ForeColor")
+      Property<&D::ForeColor, &D::SetForeColor>("ForeColor", T::Color, DateSelectKey::ForeColor)
           .Saved({.read = 21, .write = 20, .byDefault = vbButtonText}),
-      Property<&D::Font, &D::SetFont>("Font", T::Font, "Font")
+      Property<&D::Font, &D::SetFont>("Font", T::Font, DateSelectKey::Font)
           .Saved({.read = 3, .write = 19, .byDefault = Variant(), .load = keepUnlessStored}),
-      Property<&D::FocusColor, &D::SetFocusColor>("FocusColor", T::Color, "FocusColor")
+      Property<&D::FocusColor, &D::SetFocusColor>("FocusColor", T::Color, DateSelectKey::FocusColor)
           .Saved({.read = 6, .write = 4, .byDefault = int32_t(0xB0FCB0)}),
       Property<&D::UseFocusColor, &D::SetUseFocusColor>("UseFocusColor", T::Boolean,
-                                                        "UseFocusColor")
+                                                        DateSelectKey::UseFocusColor)
           .Saved({.read = 5, .write = 5, .byDefault = false}),
       Property<&D::ShowFocusRect, &D::SetShowFocusRect>("ShowFocusRect", T::Boolean,
-                                                        "ShowFocusRect")
+                                                        DateSelectKey::ShowFocusRect)
           .Saved({.read = 4, .write = 3, .byDefault = true}),
       Property<&D::Enabled, &D::SetEnabled>("Enabled", T::Boolean),
       Property<&D::hwnd>("hwnd", T::Long),

@@ -1,5 +1,6 @@
 // The picker's creation, its value and limits, and its plain properties.
 #include "picker/date_picker.hpp"
+#include "picker/date_picker_keys.hpp"
 
 #include "calendar/month_calendar_defaults.hpp"
 #include "common/control_error.hpp"
@@ -64,7 +65,7 @@ void DatePicker::SetValue(const Variant& value) {
     empty_ = false;
     SetFieldsValue(date);
   }
-  PropertyChanged("Value");
+  PropertyChanged(PickerKey::Value);
   Redraw();
 }
 
@@ -89,7 +90,7 @@ void DatePicker::SetMinDate(tarnbrook::DateValue value) {
     throw ControlError(1068, "DatePicker", "MinDate can't be larger than MaxDate");
   minDate_ = value;
   ClampToLimits();
-  PropertyChanged("MinDate");
+  PropertyChanged(PickerKey::MinDate);
 }
 
 void DatePicker::SetMaxDate(tarnbrook::DateValue value) {
@@ -98,7 +99,7 @@ void DatePicker::SetMaxDate(tarnbrook::DateValue value) {
     throw ControlError(1070, "DatePicker", "MaxDate can't be smaller than MinDate");
   maxDate_ = value;
   ClampToLimits();
-  PropertyChanged("MaxDate");
+  PropertyChanged(PickerKey::MaxDate);
 }
 
 // --- Behaviour ---
@@ -107,7 +108,7 @@ void DatePicker::SetFormat(int32_t format) {
   format_ = format;
   RebuildFields();
   Redraw();
-  PropertyChanged("Format");
+  PropertyChanged(PickerKey::Format);
 }
 
 void DatePicker::SetCustomFormat(const std::string& format) {
@@ -115,29 +116,29 @@ void DatePicker::SetCustomFormat(const std::string& format) {
   customFormat_ = format;
   RebuildFields();
   Redraw();
-  PropertyChanged("CustomFormat");
+  PropertyChanged(PickerKey::CustomFormat);
 }
 
 void DatePicker::SetChangeOnDrag(bool on) {
   changeOnDrag_ = on;
-  PropertyChanged("ChangeOnDrag");
+  PropertyChanged(PickerKey::ChangeOnDrag);
 }
 
 void DatePicker::SetExitOnReturn(bool on) {
   exitOnReturn_ = on;
-  PropertyChanged("ExitOnReturn");
+  PropertyChanged(PickerKey::ExitOnReturn);
 }
 
 void DatePicker::SetLocked(bool locked) {
   locked_ = locked;
-  PropertyChanged("Locked");
+  PropertyChanged(PickerKey::Locked);
 }
 
 void DatePicker::SetEnabled(bool enabled) {
   Control::SetEnabled(enabled);
   LayoutButtons();
   Redraw();
-  PropertyChanged("Enabled");
+  PropertyChanged(PickerKey::Enabled);
 }
 
 // --- Appearance ---
@@ -146,7 +147,7 @@ void DatePicker::SetButton(int32_t buttons) {
   button_ = buttons;
   LayoutButtons();
   Redraw();
-  PropertyChanged("Button");
+  PropertyChanged(PickerKey::Button);
 }
 
 void DatePicker::SetButtonWidth(int32_t width) {
@@ -155,7 +156,7 @@ void DatePicker::SetButtonWidth(int32_t width) {
   buttonWidth_ = width;
   LayoutButtons();
   Redraw();
-  PropertyChanged("ButtonWidth");
+  PropertyChanged(PickerKey::ButtonWidth);
 }
 
 void DatePicker::SetButtonStyle(int32_t style) {
@@ -164,51 +165,51 @@ void DatePicker::SetButtonStyle(int32_t style) {
   buttonStyle_ = style;
   LayoutButtons();
   Redraw();
-  PropertyChanged("ButtonStyle");
+  PropertyChanged(PickerKey::ButtonStyle);
 }
 
 void DatePicker::SetBorderStyle(int32_t style) {
   borderStyle_ = style;
   RebuildFields(); // the text starts inside the border
   Redraw();
-  PropertyChanged("BorderStyle");
+  PropertyChanged(PickerKey::BorderStyle);
 }
 
 void DatePicker::SetBackColor(OleColor color) {
   backColor_ = color;
   Redraw();
-  PropertyChanged("BackColor");
+  PropertyChanged(PickerKey::BackColor);
 }
 
 void DatePicker::SetForeColor(OleColor color) {
   foreColor_ = color;
   Redraw();
-  PropertyChanged("ForeColor");
+  PropertyChanged(PickerKey::ForeColor);
 }
 
 void DatePicker::SetFocusColor(OleColor color) {
   focusColor_ = color;
   Redraw();
-  PropertyChanged("FocusColor");
+  PropertyChanged(PickerKey::FocusColor);
 }
 
 void DatePicker::SetUseFocusColor(bool use) {
   useFocusColor_ = use;
   Redraw();
-  PropertyChanged("UseFocusColor");
+  PropertyChanged(PickerKey::UseFocusColor);
 }
 
 void DatePicker::SetShowFocusRect(bool show) {
   showFocusRect_ = show;
   Redraw();
-  PropertyChanged("ShowFocusRect");
+  PropertyChanged(PickerKey::ShowFocusRect);
 }
 
 void DatePicker::SetFont(const tarnbrook::Font& font) {
   font_ = CheckedFont(font);
   RebuildFields();
   Redraw();
-  PropertyChanged("Font");
+  PropertyChanged(PickerKey::Font);
 }
 
 void DatePicker::About() {

@@ -4,6 +4,7 @@
 #include "common/property_bag.hpp"
 #include "common/scoped_flag.hpp"
 #include "picker/date_picker.hpp"
+#include "picker/date_picker_keys.hpp"
 #include "platform/platform.hpp"
 
 namespace tarnbrook {
@@ -146,87 +147,90 @@ void DatePicker::SetCalendarLook(Part part, const char* key) {
 
 void DatePicker::SetAllowEmpty(bool allow) {
   allowEmpty_ = allow;
-  SetCalendarLook<&CalendarLook::emptyButton, &MonthCalendar::SetEmptyButton>(allow, "AllowEmpty");
+  SetCalendarLook<&CalendarLook::emptyButton, &MonthCalendar::SetEmptyButton>(
+      allow, PickerKey::AllowEmpty);
 }
 
 void DatePicker::SetCalendarButtonStyle(int32_t style) {
   if (style > dtpButtonFlat)
     throw ControlError(5065, "Tarnbrook.DatePicker", "Invalid ButtonStyle!");
   SetCalendarLook<&CalendarLook::buttonStyle, &MonthCalendar::SetButtonStyle>(
-      style, "CalendarButtonStyle");
+      style, PickerKey::CalendarButtonStyle);
 }
 
 void DatePicker::SetCalendarBackColor(OleColor color) {
-  SetCalendarLook<&CalendarLook::backColor, &MonthCalendar::SetBackColor>(color,
-                                                                          "CalendarBackColor");
+  SetCalendarLook<&CalendarLook::backColor, &MonthCalendar::SetBackColor>(
+      color, PickerKey::CalendarBackColor);
 }
 
 void DatePicker::SetCalendarActiveMonthColor(OleColor color) {
   SetCalendarLook<&CalendarLook::activeMonthColor, &MonthCalendar::SetActiveMonthColor>(
-      color, "CalendarActiveMonthColor");
+      color, PickerKey::CalendarActiveMonthColor);
 }
 
 void DatePicker::SetCalendarInactiveMonthColor(OleColor color) {
   SetCalendarLook<&CalendarLook::inactiveMonthColor, &MonthCalendar::SetInactiveMonthColor>(
-      color, "CalendarInactiveMonthColor");
+      color, PickerKey::CalendarInactiveMonthColor);
 }
 
 void DatePicker::SetCalendarHeaderColor(OleColor color) {
   SetCalendarLook<&CalendarLook::headerColor, &MonthCalendar::SetHeaderColor>(
-      color, "CalendarHeaderColor");
+      color, PickerKey::CalendarHeaderColor);
 }
 
 void DatePicker::SetCalendarHeaderForeColor(OleColor color) {
   SetCalendarLook<&CalendarLook::headerForeColor, &MonthCalendar::SetHeaderForeColor>(
-      color, "CalendarHeaderForeColor");
+      color, PickerKey::CalendarHeaderForeColor);
 }
 
 void DatePicker::SetCalendarPresentDateColor(OleColor color) {
   SetCalendarLook<&CalendarLook::presentDateColor, &MonthCalendar::SetPresentDateColor>(
-      color, "CalendarPresentDateColor");
+      color, PickerKey::CalendarPresentDateColor);
 }
 
 void DatePicker::SetCalendarWeekdayColor(OleColor color) {
   SetCalendarLook<&CalendarLook::weekDayColor, &MonthCalendar::SetWeekDayColor>(
-      color, "CalendarWeekdayColor");
+      color, PickerKey::CalendarWeekdayColor);
 }
 
 void DatePicker::SetCalendarFont(const tarnbrook::Font& font) {
-  SetCalendarLook<&CalendarLook::font, &MonthCalendar::SetFont>(CheckedFont(font), "CalendarFont");
+  SetCalendarLook<&CalendarLook::font, &MonthCalendar::SetFont>(CheckedFont(font),
+                                                                PickerKey::CalendarFont);
 }
 
 void DatePicker::SetCalendarBackground(std::shared_ptr<const Picture> picture) {
   SetCalendarLook<&CalendarLook::backgroundImage, &MonthCalendar::SetBackgroundImage>(
-      std::move(picture), "CalendarBackground");
+      std::move(picture), PickerKey::CalendarBackground);
 }
 
 void DatePicker::SetCalendarBackDrawMode(int32_t mode) {
-  SetCalendarLook<&CalendarLook::backDrawMode, &MonthCalendar::SetBackDrawMode>(mode,
-                                                                                "BackDrawMode");
+  SetCalendarLook<&CalendarLook::backDrawMode, &MonthCalendar::SetBackDrawMode>(
+      mode, PickerKey::BackDrawMode);
 }
 
 void DatePicker::SetCalendarHoverIcon(bool hover) {
-  SetCalendarLook<&CalendarLook::hoverIcon, &MonthCalendar::SetHoverIcon>(hover, "HoverIcon");
+  SetCalendarLook<&CalendarLook::hoverIcon, &MonthCalendar::SetHoverIcon>(hover,
+                                                                          PickerKey::HoverIcon);
 }
 
 void DatePicker::SetFirstDayofWeek(int32_t firstDay) {
   SetCalendarLook<&CalendarLook::firstDayofWeek, &MonthCalendar::SetFirstDayofWeek>(
-      CheckedFirstDayOfWeek(firstDay), "FirstDayofWeek");
+      CheckedFirstDayOfWeek(firstDay), PickerKey::FirstDayofWeek);
 }
 
 void DatePicker::SetTodayButtonCaption(const std::string& caption) {
   SetCalendarLook<&CalendarLook::todayButtonCaption, &MonthCalendar::SetTodayButtonCaption>(
-      caption, "TodayButtonCaption");
+      caption, PickerKey::TodayButtonCaption);
 }
 
 void DatePicker::SetEmptyButtonCaption(const std::string& caption) {
   SetCalendarLook<&CalendarLook::emptyButtonCaption, &MonthCalendar::SetEmptyButtonCaption>(
-      caption, "EmptyButtonCaption");
+      caption, PickerKey::EmptyButtonCaption);
 }
 
 void DatePicker::SetCalendarAnimation(int32_t animation) {
   calendarAnimation_ = animation;
-  PropertyChanged("CalendarAnimation");
+  PropertyChanged(PickerKey::CalendarAnimation);
 }
 
 } // namespace tarnbrook

@@ -2,6 +2,7 @@
 // the buttons with auto-repeat, and dragging to change.
 #include "common/scoped_flag.hpp"
 #include "picker/date_picker.hpp"
+#include "picker/date_picker_keys.hpp"
 
 #include "common/control_error.hpp"
 #include "platform/platform.hpp"
@@ -98,7 +99,7 @@ void DatePicker::RestoreLastDate() {
   empty_ = false;
   value_ = lastDate_;
   SetFieldsValue(value_);
-  PropertyChanged("Value");
+  PropertyChanged(PickerKey::Value);
 }
 
 void DatePicker::ButtonAction(const std::string& part) {
@@ -107,7 +108,7 @@ void DatePicker::ButtonAction(const std::string& part) {
   if (IsStepButton(part)) {
     RestoreLastDate();
     StepCurrent(part == "Up" ? 1 : -1);
-    PropertyChanged("Value");
+    PropertyChanged(PickerKey::Value);
   } else if (part == "DropDown") {
     if (IsDropped())
       CloseUpCalendar();
@@ -147,7 +148,7 @@ void DatePicker::CommitTyped() {
     value_ = Clamp(field.Value());
     SetFieldsValue(value_);
     Redraw();
-    PropertyChanged("Value");
+    PropertyChanged(PickerKey::Value);
     events_.Raise(&DatePickerEvents::Change);
   } else {
     Redraw();
@@ -188,7 +189,7 @@ void DatePicker::OnKeyDown(int16_t& keyCode, int16_t shift) {
   case VK_DOWN:
     if (!locked_) {
       StepCurrent(keyCode == VK_UP ? 1 : -1);
-      PropertyChanged("Value");
+      PropertyChanged(PickerKey::Value);
     }
     break;
   case VK_F4:
@@ -267,7 +268,7 @@ void DatePicker::OnMouseMove(int16_t button, int16_t shift, float x, float y) {
   if (amount == 0)
     return;
   StepCurrent(amount);
-  PropertyChanged("Value");
+  PropertyChanged(PickerKey::Value);
   dragY_ = py;
   Redraw();
 }

@@ -3,6 +3,7 @@
 #include "host/sql_parameters_object.hpp"
 #include "host/type_info.hpp"
 #include "picker/date_picker.hpp"
+#include "picker/date_picker_keys.hpp"
 
 namespace tarnbrook {
 namespace {
@@ -91,99 +92,103 @@ std::vector<PropertyInfo> PickerProperties() {
       type_info_detail::As<P>(o).SetCalendarFont(*ObjectOf<tarnbrook::Font>(v));
   };
   return {
-      Property<&P::Value, &P::SetValue>("Value", T::Variant, "Value")
+      Property<&P::Value, &P::SetValue>("Value", T::Variant, PickerKey::Value)
           .Saved({.read = 10, .byDefault = Variant::Null()}),
       Property<&P::DateValue>("DateValue", T::Date),
       Property<&P::TimeValue>("TimeValue", T::Date),
-      Property<&P::MinDate, &P::SetMinDate>("MinDate", T::Date, "MinDate")
+      Property<&P::MinDate, &P::SetMinDate>("MinDate", T::Date, PickerKey::MinDate)
           .Saved({.read = 9, .byDefault = P::MinDateText}),
-      Property<&P::MaxDate, &P::SetMaxDate>("MaxDate", T::Date, "MaxDate")
+      Property<&P::MaxDate, &P::SetMaxDate>("MaxDate", T::Date, PickerKey::MaxDate)
           .Saved({.read = 8, .byDefault = P::MaxDateText}),
-      Property<&P::AllowEmpty, &P::SetAllowEmpty>("AllowEmpty", T::Boolean, "AllowEmpty")
+      Property<&P::AllowEmpty, &P::SetAllowEmpty>("AllowEmpty", T::Boolean, PickerKey::AllowEmpty)
           .Saved({.read = 25, .byDefault = true}),
-      Property<&P::Format, &P::SetFormat>("Format", T::Long, "Format", "dtpFormats")
+      Property<&P::Format, &P::SetFormat>("Format", T::Long, PickerKey::Format, "dtpFormats")
           .Saved({.read = 36, .byDefault = int32_t(dtpShortDate)}),
-      Property<&P::CustomFormat, &P::SetCustomFormat>("CustomFormat", T::String, "CustomFormat")
+      Property<&P::CustomFormat, &P::SetCustomFormat>("CustomFormat", T::String,
+                                                      PickerKey::CustomFormat)
           .Saved({.read = 11, .byDefault = ""}),
-      Property<&P::ChangeOnDrag, &P::SetChangeOnDrag>("ChangeOnDrag", T::Boolean, "ChangeOnDrag")
+      Property<&P::ChangeOnDrag, &P::SetChangeOnDrag>("ChangeOnDrag", T::Boolean,
+                                                      PickerKey::ChangeOnDrag)
           .Saved({.read = 1, .byDefault = true}),
-      Property<&P::ExitOnReturn, &P::SetExitOnReturn>("ExitOnReturn", T::Boolean, "ExitOnReturn")
+      Property<&P::ExitOnReturn, &P::SetExitOnReturn>("ExitOnReturn", T::Boolean,
+                                                      PickerKey::ExitOnReturn)
           .Saved({.read = 18, .byDefault = false}),
-      Property<&P::Locked, &P::SetLocked>("Locked", T::Boolean, "Locked")
+      Property<&P::Locked, &P::SetLocked>("Locked", T::Boolean, PickerKey::Locked)
           .Saved({.read = 15, .byDefault = false}),
-      Property<&P::Enabled, &P::SetEnabled>("Enabled", T::Boolean, "Enabled")
+      Property<&P::Enabled, &P::SetEnabled>("Enabled", T::Boolean, PickerKey::Enabled)
           .Saved({.read = 17, .byDefault = true}),
-      Property<&P::Button, &P::SetButton>("Button", T::Long, "Button", "dtpButtons")
+      Property<&P::Button, &P::SetButton>("Button", T::Long, PickerKey::Button, "dtpButtons")
           .Saved({.read = 5, .byDefault = int32_t(dtpDropDown)}),
-      Property<&P::ButtonWidth, &P::SetButtonWidth>("ButtonWidth", T::Long, "ButtonWidth")
+      Property<&P::ButtonWidth, &P::SetButtonWidth>("ButtonWidth", T::Long, PickerKey::ButtonWidth)
           .Saved({.read = 7, .byDefault = int16_t(16), .asInteger = true}),
-      Property<&P::ButtonStyle, &P::SetButtonStyle>("ButtonStyle", T::Long, "ButtonStyle",
+      Property<&P::ButtonStyle, &P::SetButtonStyle>("ButtonStyle", T::Long, PickerKey::ButtonStyle,
                                                     "dtpButtonStyles")
           .Saved({.read = 6, .byDefault = int32_t(dtpButton3D)}),
-      Property<&P::BorderStyle, &P::SetBorderStyle>("BorderStyle", T::Long, "BorderStyle",
+      Property<&P::BorderStyle, &P::SetBorderStyle>("BorderStyle", T::Long, PickerKey::BorderStyle,
                                                     "dtpBorderStyles")
           .Saved({.read = 16, .byDefault = int32_t(dtpBorderSunken3D)}),
-      Property<&P::BackColor, &P::SetBackColor>("BackColor", T::Color, "BackColor")
+      Property<&P::BackColor, &P::SetBackColor>("BackColor", T::Color, PickerKey::BackColor)
           .Saved({.read = 3, .byDefault = vbWindowBackground}),
-      Property<&P::ForeColor, &P::SetForeColor>("ForeColor", T::Color, "ForeColor")
+      Property<&P::ForeColor, &P::SetForeColor>("ForeColor", T::Color, PickerKey::ForeColor)
           .Saved({.read = 4, .byDefault = vbButtonText}),
-      Property<&P::FocusColor, &P::SetFocusColor>("FocusColor", T::Color, "FocusColor")
+      Property<&P::FocusColor, &P::SetFocusColor>("FocusColor", T::Color, PickerKey::FocusColor)
           .Saved({.read = 12, .byDefault = int32_t(0xB0FCB0)}),
       Property<&P::UseFocusColor, &P::SetUseFocusColor>("UseFocusColor", T::Boolean,
-                                                        "UseFocusColor")
+                                                        PickerKey::UseFocusColor)
           .Saved({.read = 14, .byDefault = true}),
       Property<&P::ShowFocusRect, &P::SetShowFocusRect>("ShowFocusRect", T::Boolean,
-                                                        "ShowFocusRect")
+                                                        PickerKey::ShowFocusRect)
           .Saved({.read = 13, .byDefault = true}),
-      Property<&P::Font, &P::SetFont>("Font", T::Font, "Font")
+      Property<&P::Font, &P::SetFont>("Font", T::Font, PickerKey::Font)
           .Saved({.read = 2, .defaultOf = ambientFont}),
       Property<&P::IsDropped>("IsDropped", T::Boolean),
       Property<&P::CalendarAnimation, &P::SetCalendarAnimation>(
-          "CalendarAnimation", T::Long, "CalendarAnimation", "dtpAnimationTypes")
+          "CalendarAnimation", T::Long, PickerKey::CalendarAnimation, "dtpAnimationTypes")
           .Saved({.read = 19, .byDefault = int32_t(dtpAnimateBlend)}),
       Property<&P::CalendarButtonStyle, &P::SetCalendarButtonStyle>(
-          "CalendarButtonStyle", T::Long, "CalendarButtonStyle", "dtpButtonStyles")
+          "CalendarButtonStyle", T::Long, PickerKey::CalendarButtonStyle, "dtpButtonStyles")
           .Saved({.read = 24, .byDefault = int32_t(dtpButton3D)}),
       Property<&P::CalendarBackColor, &P::SetCalendarBackColor>("CalendarBackColor", T::Color,
-                                                                "CalendarBackColor")
+                                                                PickerKey::CalendarBackColor)
           .Saved({.read = 26, .byDefault = vbWindowBackground}),
       Property<&P::CalendarActiveMonthColor, &P::SetCalendarActiveMonthColor>(
-          "CalendarActiveMonthColor", T::Color, "CalendarActiveMonthColor")
+          "CalendarActiveMonthColor", T::Color, PickerKey::CalendarActiveMonthColor)
           .Saved({.read = 29, .byDefault = vbWindowText}),
       Property<&P::CalendarInactiveMonthColor, &P::SetCalendarInactiveMonthColor>(
-          "CalendarInactiveMonthColor", T::Color, "CalendarInactiveMonthColor")
+          "CalendarInactiveMonthColor", T::Color, PickerKey::CalendarInactiveMonthColor)
           .Saved({.read = 30, .byDefault = vbButtonFace}),
       Property<&P::CalendarHeaderColor, &P::SetCalendarHeaderColor>("CalendarHeaderColor", T::Color,
-                                                                    "CalendarHeaderColor")
+                                                                    PickerKey::CalendarHeaderColor)
           .Saved({.read = 27, .byDefault = vbButtonFace}),
       Property<&P::CalendarHeaderForeColor, &P::SetCalendarHeaderForeColor>(
-          "CalendarHeaderForeColor", T::Color, "CalendarHeaderForeColor")
+          "CalendarHeaderForeColor", T::Color, PickerKey::CalendarHeaderForeColor)
           .Saved({.read = 28, .byDefault = vbWindowText}),
       Property<&P::CalendarPresentDateColor, &P::SetCalendarPresentDateColor>(
-          "CalendarPresentDateColor", T::Color, "CalendarPresentDateColor")
+          "CalendarPresentDateColor", T::Color, PickerKey::CalendarPresentDateColor)
           .Saved({.read = 31, .byDefault = int32_t(255)}),
       Property<&P::CalendarWeekdayColor, &P::SetCalendarWeekdayColor>(
-          "CalendarWeekdayColor", T::Color, "CalendarWeekdayColor")
+          "CalendarWeekdayColor", T::Color, PickerKey::CalendarWeekdayColor)
           .Saved({.read = 20, .byDefault = vbHighlight}),
-      Property<&P::CalendarFont, &P::SetCalendarFont>("CalendarFont", T::Font, "CalendarFont")
+      Property<&P::CalendarFont, &P::SetCalendarFont>("CalendarFont", T::Font,
+                                                      PickerKey::CalendarFont)
           .Saved({.read = 21, .byDefault = Variant(), .load = keepUnlessStored}),
       Property<&P::CalendarBackground, &P::SetCalendarBackground>("CalendarBackground", T::Picture,
-                                                                  "CalendarBackground")
+                                                                  PickerKey::CalendarBackground)
           .Saved({.read = 23, .byDefault = Variant()}),
       Property<&P::CalendarBackDrawMode, &P::SetCalendarBackDrawMode>(
-          "CalendarBackDrawMode", T::Long, "BackDrawMode", "mvwBackDrawModes")
+          "CalendarBackDrawMode", T::Long, PickerKey::BackDrawMode, "mvwBackDrawModes")
           .Saved({.read = 22, .byDefault = int32_t(0)}),
       Property<&P::CalendarHoverIcon, &P::SetCalendarHoverIcon>("CalendarHoverIcon", T::Boolean,
-                                                                "HoverIcon")
+                                                                PickerKey::HoverIcon)
           .Saved({.read = 35, .byDefault = true}),
       Property<&P::FirstDayofWeek, &P::SetFirstDayofWeek>("FirstDayofWeek", T::Long,
-                                                          "FirstDayofWeek")
+                                                          PickerKey::FirstDayofWeek)
           .Saved({.read = 32, .byDefault = int32_t(0)}),
       Property<&P::TodayButtonCaption, &P::SetTodayButtonCaption>("TodayButtonCaption", T::String,
-                                                                  "TodayButtonCaption")
+                                                                  PickerKey::TodayButtonCaption)
           .Saved({.read = 33, .byDefault = "Today"}),
       Property<&P::EmptyButtonCaption, &P::SetEmptyButtonCaption>("EmptyButtonCaption", T::String,
-                                                                  "EmptyButtonCaption")
+                                                                  PickerKey::EmptyButtonCaption)
           .Saved({.read = 34, .byDefault = "Empty"}),
   };
 }
