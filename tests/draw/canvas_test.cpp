@@ -68,12 +68,6 @@ TEST(Canvas, PngBytesAreAPngImage) {
   EXPECT_EQ(png[3], 'G');
 }
 
-} // namespace
-} // namespace tarnbrook
-
-namespace tarnbrook {
-namespace {
-
 constexpr COLORREF Black = 0x000000;
 constexpr COLORREF Face = 0xC0C0C0;
 constexpr COLORREF Shadow = 0x808080;
@@ -95,16 +89,6 @@ TEST(CanvasLines, EndPointIsExcludedWhateverTheSlope) {
   canvas.LineTo(15, 12); // upwards
   EXPECT_EQ(canvas.GetPixel(15, 13), Black);
   EXPECT_EQ(canvas.GetPixel(15, 12), 0xFFFFFFu);
-}
-
-TEST(CanvasLines, DottedPenAlternatesPixels) {
-  Canvas canvas(20, 4);
-  canvas.SelectPen(PS_DOT, 1, Red);
-  canvas.MoveTo(0, 1);
-  canvas.LineTo(8, 1);
-  for (int x = 0; x < 8; ++x) {
-    EXPECT_EQ(canvas.GetPixel(x, 1), x % 2 == 0 ? Red : 0xFFFFFFu) << x;
-  }
 }
 
 // Level and upright lines of a wide pen are the squares it would plot along them.

@@ -34,32 +34,24 @@ struct Drawn {
   COLORREF At(int32_t x, int32_t y) const { return canvas.GetPixel(x, y); }
 };
 
+// Each style's rims at the left and right edges: two pixels in from each side.
 TEST(CFrame, ThreeButtonStylesShowTheirRims) {
-  Drawn raised(DFC_BUTTON, DFCS_BUTTONPUSH, 0);
-  EXPECT_EQ(raised.At(0, 5), Face); // 3D light
-  EXPECT_EQ(raised.At(1, 5), White);
-  EXPECT_EQ(raised.At(18, 5), Shadow);
-  EXPECT_EQ(raised.At(19, 5), Black);
-  EXPECT_EQ(raised.At(10, 10), Face);
-  Drawn pushed(DFC_BUTTON, DFCS_BUTTONPUSH, 0, DFCS_PUSHED);
-  EXPECT_EQ(pushed.At(0, 5), Shadow);
-  EXPECT_EQ(pushed.At(1, 5), Black);
-  EXPECT_EQ(pushed.At(19, 5), White);
-  Drawn thin(DFC_BUTTON, DFCS_BUTTONPUSH, 1);
-  EXPECT_EQ(thin.At(0, 5), White);
-  EXPECT_EQ(thin.At(1, 5), Face);
-  EXPECT_EQ(thin.At(19, 5), Shadow);
-  EXPECT_EQ(thin.At(18, 5), Face);
-  Drawn thinPushed(DFC_BUTTON, DFCS_BUTTONPUSH, 1, DFCS_PUSHED);
-  EXPECT_EQ(thinPushed.At(0, 5), Shadow);
-  EXPECT_EQ(thinPushed.At(19, 5), White);
-  EXPECT_EQ(thinPushed.At(1, 5), Face);
-  Drawn flat(DFC_BUTTON, DFCS_BUTTONPUSH, 2);
-  EXPECT_EQ(flat.At(0, 5), Shadow);
-  EXPECT_EQ(flat.At(19, 5), Shadow);
-  EXPECT_EQ(flat.At(1, 5), Face);
-  Drawn unknown(DFC_BUTTON, DFCS_BUTTONPUSH, 3);
-  EXPECT_EQ(unknown.At(0, 5), White);
+  const struct {
+    int32_t border, state;
+    COLORREF left[2], right[2];
+  } styles[] = {
+      {0, 0, {Face, White}, {Shadow, Black}}, {0, DFCS_PUSHED, {Shadow, Black}, {Face, White}},
+      {1, 0, {White, Face}, {Face, Shadow}},  {1, DFCS_PUSHED, {Shadow, Face}, {Face, White}},
+      {2, 0, {Shadow, Face}, {Face, Shadow}}, {3, 0, {White, White}, {White, White}}};
+  for (const auto& style : styles) {
+    SCOPED_TRACE(std::to_string(style.border) + " " + std::to_string(style.state));
+    Drawn drawn(DFC_BUTTON, DFCS_BUTTONPUSH, style.border, style.state);
+    EXPECT_EQ(drawn.At(0, 5), style.left[0]);
+    EXPECT_EQ(drawn.At(1, 5), style.left[1]);
+    EXPECT_EQ(drawn.At(18, 5), style.right[0]);
+    EXPECT_EQ(drawn.At(19, 5), style.right[1]);
+    EXPECT_EQ(drawn.At(10, 10), style.border < 3 ? Face : White);
+  }
 }
 
 TEST(CFrame, FlatPushedIsExactlyThePushed3DFace) {
@@ -109,56 +101,40 @@ TEST(CFrame, AddAndRemoveStateAreBitwise) {
   EXPECT_EQ(frame.State, 0x100);
 }
 
+// Init takes top, left, height, width; Draw is the stored edge on all four sides.
 TEST(CDrawEdge, DrawsTheStoredEdgeAroundItsRectangle) {
-  Canvas canvas(20, 20);
+  Canvas canvas(20, 20), expected(20, 20);
   CDrawEdge edge;
   edge.Init(canvas.Handle(), EDGE_SUNKEN, 2, 3, 6, 8);
   EXPECT_EQ(edge.rectangle, (Rect{3, 2, 11, 8}));
   edge.Draw();
-  EXPECT_EQ(canvas.GetPixel(3, 4), Shadow);
-  EXPECT_EQ(canvas.GetPixel(4, 4), Black);
-  EXPECT_EQ(canvas.GetPixel(10, 4), White);
-  EXPECT_EQ(canvas.GetPixel(11, 4), White);
-  EXPECT_EQ(canvas.GetPixel(6, 7), White);
-  EXPECT_EQ(canvas.GetPixel(6, 6), Face);
+  expected.DrawEdge({3, 2, 11, 8}, EDGE_SUNKEN, BF_RECT);
+  EXPECT_TRUE(SameImage(canvas, expected));
 }
 
+// Each style on the outermost pixels of a 10 x 8 border at (2, 2) on the button face.
 TEST(BorderStyles, EachStyleOnTheOutermostPixels) {
-  auto drawn = [](int32_t style) {
-    auto surface = std::make_unique<cMDC>();
-    surface->SetBackColor(vbButtonFace);
-    surface->Resize(20, 20);
-    DrawBorderStyle(*surface, style, 2, 2, 10, 8, 0x0000FF);
-    return surface;
-  };
-  auto at = [](const std::unique_ptr<cMDC>& surface, int32_t x, int32_t y) {
-    return Canvas::FromHandle(surface->hDC())->GetPixel(x, y);
-  };
-  auto none = drawn(dtpBorderNone);
-  EXPECT_EQ(at(none, 2, 2), Face);
-  auto single = drawn(dtpBorderFixedSingle);
-  EXPECT_EQ(at(single, 2, 2), 0x0000FFu);
-  EXPECT_EQ(at(single, 11, 9), 0x0000FFu);
-  EXPECT_EQ(at(single, 12, 9), Face);
-  EXPECT_EQ(at(single, 3, 3), Face);
-  auto raised = drawn(dtpBorderRaised3D);
-  EXPECT_EQ(at(raised, 3, 5), White);
-  EXPECT_EQ(at(raised, 11, 5), Black);
-  auto sunken = drawn(dtpBorderSunken3D);
-  EXPECT_EQ(at(sunken, 2, 5), Shadow);
-  EXPECT_EQ(at(sunken, 3, 5), Black);
-  auto sunkenThin = drawn(dtpBorderSunkenThin);
-  EXPECT_EQ(at(sunkenThin, 2, 5), Shadow);
-  EXPECT_EQ(at(sunkenThin, 11, 5), White);
-  EXPECT_EQ(at(sunkenThin, 3, 5), Face);
-  auto raisedThin = drawn(dtpBorderRaisedThin);
-  EXPECT_EQ(at(raisedThin, 2, 5), White);
-  EXPECT_EQ(at(raisedThin, 11, 5), Shadow);
-  auto etched = drawn(dtpBorderEtched);
-  EXPECT_EQ(at(etched, 2, 5), Shadow);
-  EXPECT_EQ(at(etched, 3, 5), White);
-  EXPECT_EQ(at(etched, 10, 5), Shadow);
-  EXPECT_EQ(at(etched, 11, 5), White);
+  constexpr COLORREF Red = 0x0000FF;
+  const struct {
+    int32_t style, x, y;
+    COLORREF colour;
+  } pixels[] = {{dtpBorderNone, 2, 2, Face},         {dtpBorderFixedSingle, 2, 2, Red},
+                {dtpBorderFixedSingle, 11, 9, Red},  {dtpBorderFixedSingle, 12, 9, Face},
+                {dtpBorderFixedSingle, 3, 3, Face},  {dtpBorderRaised3D, 3, 5, White},
+                {dtpBorderRaised3D, 11, 5, Black},   {dtpBorderSunken3D, 2, 5, Shadow},
+                {dtpBorderSunken3D, 3, 5, Black},    {dtpBorderSunkenThin, 2, 5, Shadow},
+                {dtpBorderSunkenThin, 11, 5, White}, {dtpBorderSunkenThin, 3, 5, Face},
+                {dtpBorderRaisedThin, 2, 5, White},  {dtpBorderRaisedThin, 11, 5, Shadow},
+                {dtpBorderEtched, 2, 5, Shadow},     {dtpBorderEtched, 3, 5, White},
+                {dtpBorderEtched, 10, 5, Shadow},    {dtpBorderEtched, 11, 5, White}};
+  for (const auto& pixel : pixels) {
+    cMDC surface;
+    surface.SetBackColor(vbButtonFace);
+    surface.Resize(20, 20);
+    DrawBorderStyle(surface, pixel.style, 2, 2, 10, 8, Red);
+    EXPECT_EQ(Canvas::FromHandle(surface.hDC())->GetPixel(pixel.x, pixel.y), pixel.colour)
+        << "style " << pixel.style << " at " << pixel.x << "," << pixel.y;
+  }
 }
 
 TEST(TranslateColor, PlainPaletteAndSystemColoursElseMinusOne) {
