@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "calendar/month_calendar.hpp"
@@ -73,7 +74,9 @@ protected:
     Point p = platform.ClientToScreen(calendar->hWnd(), {x, y});
     platform.Click(p.x, p.y);
   }
+  void Click(Point p) { ClickAt(p.x, p.y); }
   void ClickCell(int row, int column) { ClickAt(4 + 28 * column + 14, 52 + 16 * row + 8); }
+  std::pair<int, int> Shown() { return {calendar->SelectedYear(), calendar->SelectedMonth()}; }
   const Log& ChangedKeys() { return form.ChangedKeys(Name); }
 
   MemoryPlatform platform;

@@ -22,50 +22,41 @@ protected:
   }
   void Up(Point p, int button = VK_LBUTTON) { platform.MouseUp(button, Screen(p).x, Screen(p).y); }
   void MoveTo(Point p) { platform.MouseMove(Screen(p).x, Screen(p).y); }
-  void Click(Point p) { platform.Click(Screen(p).x, Screen(p).y); }
-  std::pair<int, int> Shown() { return {calendar->SelectedYear(), calendar->SelectedMonth()}; }
   std::pair<bool, bool> YearButtons() {
     return {calendar->Button("Up").Visible, calendar->Button("Down").Visible};
   }
 };
 
-TEST_F(CalendarInputTest, HeldRightStepsAtOnceThenEvery100ms) {
+// Only the left button presses; leaving releases, coming back presses again; a double click
+// is one more press.
+TEST_F(CalendarInputTest, HeldRightStepsAtOnceThenEvery100msWhileThePointerStaysOnIt) {
   Down(Right);
   EXPECT_EQ(Shown(), std::pair(2026, 12));
   platform.Advance(99);
   EXPECT_EQ(Shown(), std::pair(2026, 12));
   platform.Advance(1);
   EXPECT_EQ(Shown(), std::pair(2027, 1));
-  platform.Advance(200);
-  EXPECT_EQ(Shown(), std::pair(2027, 3));
-  Up(Right);
-  platform.Advance(500);
-  EXPECT_EQ(Shown(), std::pair(2027, 3));
-  EXPECT_EQ(calendar->Button("Right").State, 0);
-}
-
-TEST_F(CalendarInputTest, LeavingAHeldButtonReleasesItAndComingBackPressesAgain) {
-  Down(Right);
   MoveTo(Grid);
   EXPECT_EQ(calendar->Button("Right").State, 0);
   platform.Advance(300);
-  EXPECT_EQ(Shown(), std::pair(2026, 12));
-  MoveTo(Right);
   EXPECT_EQ(Shown(), std::pair(2027, 1));
+  MoveTo(Right);
+  EXPECT_EQ(Shown(), std::pair(2027, 2));
   EXPECT_EQ(calendar->Button("Right").State, DFCS_PUSHED);
+  platform.Advance(200);
+  EXPECT_EQ(Shown(), std::pair(2027, 4));
   Up(Right);
-}
+  platform.Advance(500);
+  EXPECT_EQ(Shown(), std::pair(2027, 4));
+  EXPECT_EQ(calendar->Button("Right").State, 0);
 
-TEST_F(CalendarInputTest, OnlyTheLeftButtonPresses) {
+  log.Take();
   Down(Right, VK_RBUTTON);
   platform.Advance(300);
   Up(Right, VK_RBUTTON);
   EXPECT_TRUE(log.Take().empty());
-}
-
-TEST_F(CalendarInputTest, DoubleClickOnAButtonPressesItOnceMore) {
   platform.DoubleClick(Screen(Right).x, Screen(Right).y);
-  EXPECT_EQ(Shown(), std::pair(2027, 1));
+  EXPECT_EQ(Shown(), std::pair(2027, 6));
 }
 
 TEST_F(CalendarInputTest, YearDragStepsAfterMoreThanTwoPixels) {
@@ -82,7 +73,7 @@ TEST_F(CalendarInputTest, YearDragStepsAfterMoreThanTwoPixels) {
   EXPECT_EQ(Shown(), std::pair(2026, 11));
 }
 
-TEST_F(CalendarInputTest, YearButtonsShowAfterAPressOnTheYear) {
+TEST_F(CalendarInputTest, APressOnTheYearShowsItsButtonsAndOneOnTheMonthNameItsList) {
   EXPECT_EQ(YearButtons(), std::pair(false, false));
   Click(Year);
   EXPECT_EQ(YearButtons(), std::pair(true, true));
@@ -90,6 +81,8 @@ TEST_F(CalendarInputTest, YearButtonsShowAfterAPressOnTheYear) {
   EXPECT_EQ(calendar->SelectedYear(), 2025);
   Click(Grid);
   EXPECT_EQ(YearButtons(), std::pair(false, false));
+  Click({60, 15}); // the month name opens the month list
+  EXPECT_TRUE(calendar->cboMonth().DroppedDown());
 }
 
 TEST_F(CalendarInputTest, HoverCursorOverTheHeaderAndVisibleButtons) {
@@ -120,11 +113,6 @@ TEST_F(CalendarInputTest, MouseEventsComeFirstAndKeysPassOn) {
   EXPECT_EQ(log.Take(), (Log{"KeyDown 39 0", "KeyUp 39 0", "KeyDown 16 1", "KeyDown 65 1",
                              "KeyPress 65", "KeyUp 65 1", "KeyUp 16 0"}));
   EXPECT_EQ(calendar->Value(), DateSerial(2026, 11, 3));
-}
-
-TEST_F(CalendarInputTest, PressOnTheMonthNameOpensTheMonthList) {
-  Click({60, 15});
-  EXPECT_TRUE(calendar->cboMonth().DroppedDown());
 }
 
 // Each press, move, release or tick that changes the picture paints it once.

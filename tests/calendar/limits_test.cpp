@@ -20,11 +20,6 @@ protected:
     platform.PumpMessages();
     log.withMouse = false;
   }
-  void Click(Point p) {
-    Point screen = platform.ClientToScreen(calendar->hWnd(), p);
-    platform.Click(screen.x, screen.y);
-  }
-  std::pair<int, int> Shown() { return {calendar->SelectedYear(), calendar->SelectedMonth()}; }
 
   std::vector<std::string> reported;
   std::vector<std::string> descriptions;
@@ -86,12 +81,6 @@ TEST(CalendarWithoutForm, AnErrorInAHandlerBeeps) {
   EXPECT_EQ(platform.BeepCount(), beeps + 1);
 }
 
-} // namespace
-
-} // namespace tarnbrook
-
-namespace tarnbrook {
-namespace {
 
 // Every setter refuses what the calendar could not show, and keeps what it had.
 TEST_F(CalendarTest, ValuesItCouldNotShowAreRefusedAndNothingIsKept) {

@@ -6,7 +6,6 @@ namespace {
 class ModelTest : public CalendarTest {
 protected:
   ModelTest() { log.withMouse = false; }
-  int Shown() { return calendar->SelectedYear() * 100 + calendar->SelectedMonth(); }
   void Left() { ClickAt(10, 15); }
   void Right() { ClickAt(190, 15); }
   void Up() { ClickAt(155, 10); }
@@ -29,7 +28,7 @@ TEST_F(ModelTest, GridStartsOnTheWeeksFirstDayOnOrBeforeTheFirst) {
   calendar->SetFirstDayofWeek(vbSunday);
   calendar->SetValue(DateSerial(9999, 12, 15)); // the grid would run past the last day
   EXPECT_EQ(calendar->GridStart(), DateSerial(9999, 10, 31));
-  EXPECT_EQ(Shown(), 999912);
+  EXPECT_EQ(Shown(), std::pair(9999, 12));
 }
 
 TEST_F(ModelTest, DayClicksSelectWithinTheLimitsAndAlwaysReport) {
@@ -39,31 +38,31 @@ TEST_F(ModelTest, DayClicksSelectWithinTheLimitsAndAlwaysReport) {
   calendar->SetValue(DateSerial(2026, 12, 12));
   EXPECT_EQ(log.Take(), (Log{"MonthChanged", "Change", "DateClicked", "DateClicked", "Change"}));
   EXPECT_EQ(ChangedKeys(), (Log{"Value", "MinDate"}));
-  EXPECT_EQ(Shown(), 202612);
+  EXPECT_EQ(Shown(), std::pair(2026, 12));
 }
 
 TEST_F(ModelTest, MonthStepsWrapTheYearWithoutLimitsOrYearChanged) {
   calendar->SetMaxDate(DateSerial(2026, 12, 31));
   calendar->SetSelectedMonth(12);
   Right();
-  EXPECT_EQ(Shown(), 202701);
+  EXPECT_EQ(Shown(), std::pair(2027, 1));
   Left();
   Left();
-  EXPECT_EQ(Shown(), 202611);
+  EXPECT_EQ(Shown(), std::pair(2026, 11));
   EXPECT_EQ(log.Take(), Log(7, "MonthChanged"));
   calendar->SetMaxDate(DateSerial(2026, 11, 30)); // refused: set back, the step still reports
   Right();
   EXPECT_EQ(log.Take(), (Log{"MonthChanged"}));
-  EXPECT_EQ(Shown(), 202611);
+  EXPECT_EQ(Shown(), std::pair(2026, 11));
 }
 
 TEST_F(ModelTest, LimitsTestYearAndMonthSeparately) {
   calendar->SetMinDate(DateSerial(2000, 6, 15));
   calendar->SetSelectedYear(1999);
   calendar->SetSelectedMonth(3); // refused without an event
-  EXPECT_EQ(Shown(), 199911);
+  EXPECT_EQ(Shown(), std::pair(1999, 11));
   calendar->SetSelectedMonth(8);
-  EXPECT_EQ(Shown(), 199908);
+  EXPECT_EQ(Shown(), std::pair(1999, 8));
   Down(); // 1999 is below MinDate's year
   calendar->SetMaxDate(DateSerial(2001, 1, 1));
   calendar->SetSelectedYear(2001);
