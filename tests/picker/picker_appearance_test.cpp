@@ -56,7 +56,7 @@ TEST_F(PickerAppearanceTest, ButtonsLieAtTheRightEdgeAndFlatOnesAreOnePixelSmall
   EXPECT_EQ(ButtonAt(90, 5), "");
 }
 
-TEST_F(PickerAppearanceTest, FocusShowsTheFocusColourAndADottedRectangleInsideTheBorder) {
+TEST_F(PickerAppearanceTest, FocusShowsTheFocusColourUpToTheBorderAndADottedRectangle) {
   EXPECT_EQ(PixelAt(TextRight - 2, 10), White);
   picker->SetFocus();
   WritePicker("focused_long_date");
@@ -73,32 +73,17 @@ TEST_F(PickerAppearanceTest, FocusShowsTheFocusColourAndADottedRectangleInsideTh
   EXPECT_EQ(dots(TextRight - 3), 0);
   picker->SetShowFocusRect(false);
   EXPECT_EQ(dots(3) + dots(TextRight - 4), 0);
-  picker->SetUseFocusColor(false);
-  picker->SetValue(Variant::Null()); // shows no text at all
-  for (int32_t x = 2; x < TextRight; ++x)
-    for (int32_t y = 2; y < PickerHeight - 2; ++y)
-      ASSERT_EQ(PixelAt(x, y), White) << x << "," << y;
-}
-
-TEST_F(PickerAppearanceTest, EachBorderStyleAndButtonSetDrawsAsItShould) {
-  picker->SetFocus();
-  for (int32_t style = dtpBorderNone; style <= dtpBorderEtched; ++style) {
-    picker->SetBorderStyle(style);
-    WritePicker("border_" + std::to_string(style));
-  }
+  // The focus colour reaches the border, and the edge itself without one.
   picker->SetBorderStyle(dtpBorderNone);
   EXPECT_EQ(PixelAt(0, 0), LightGreen);
   picker->SetBorderStyle(dtpBorderFixedSingle);
   EXPECT_EQ(PixelAt(0, 0), 0u);
   EXPECT_EQ(PixelAt(1, 1), LightGreen);
-  for (int32_t buttons : {dtpDropDown, dtpUpDown, dtpNone, dtpBoth}) {
-    picker->SetButton(buttons);
-    WritePicker("buttons_" + std::to_string(buttons));
-  }
-  picker->SetButtonStyle(dtpButtonFlat);
-  WritePicker("buttons_3_flat");
-  picker->SetEnabled(false);
-  WritePicker("disabled");
+  picker->SetUseFocusColor(false);
+  picker->SetValue(Variant::Null()); // shows no text at all
+  for (int32_t x = 2; x < TextRight; ++x)
+    for (int32_t y = 2; y < PickerHeight - 2; ++y)
+      ASSERT_EQ(PixelAt(x, y), White) << x << "," << y;
 }
 
 TEST_F(PickerAppearanceTest, AButtonStyleAbove2IsRefused) {
