@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "host/container.hpp"
 #include "platform/memory/memory_platform.hpp"
 #include "tests/host/test_support.hpp"
@@ -46,20 +44,6 @@ TEST_F(ControlTest, AddPlacesInitialisesAndSizesTheControl) {
       5);
 }
 
-TEST_F(ControlTest, ClickReachesTheControlInClientCoordinatesAndFocusesIt) {
-  Point p = ScreenPoint(*probe, 12, 7);
-  platform.Click(p.x, p.y);
-  EXPECT_EQ(probe->log,
-            (Log{"MouseMove 0 0 12,7", "GotFocus", "MouseDown 1 0 12,7", "MouseUp 1 0 12,7"}));
-  EXPECT_EQ(platform.GetFocus(), probe->hWnd());
-  EXPECT_EQ(platform.GetCapture(), 0u);
-
-  Point q = ScreenPoint(*other, 1, 2);
-  platform.Click(q.x, q.y);
-  EXPECT_EQ(probe->log.back(), "LostFocus");
-  EXPECT_EQ(other->log[1], "GotFocus");
-}
-
 TEST_F(ControlTest, DragIsFollowedOutsideTheWindowUntilRelease) {
   Point start = ScreenPoint(*probe, 10, 10);
   platform.MouseDown(VK_LBUTTON, start.x, start.y);
@@ -72,7 +56,7 @@ TEST_F(ControlTest, DragIsFollowedOutsideTheWindowUntilRelease) {
   EXPECT_EQ(platform.GetCapture(), 0u);
 }
 
-TEST_F(ControlTest, ButtonsShiftStateAndDoubleClick) {
+TEST_F(ControlTest, PressesArriveInClientCoordinatesWithButtonsShiftAndDoubleClicks) {
   Point p = ScreenPoint(*probe, 3, 4);
   platform.MouseDown(VK_RBUTTON, p.x, p.y);
   platform.MouseUp(VK_RBUTTON, p.x, p.y);
@@ -87,30 +71,11 @@ TEST_F(ControlTest, ButtonsShiftStateAndDoubleClick) {
                  "KeyDown 16 1", "KeyDown 17 3", "MouseDown 4 3 3,4", "MouseUp 4 3 3,4"}));
 }
 
-TEST_F(ControlTest, TypingReachesTheFocusedControl) {
-  probe->SetFocus();
-  platform.TypeChar('a');
-  platform.Key(VK_LEFT, MemoryPlatform::ShiftKey);
-  std::vector<std::string> typed(probe->log.begin() + 1, probe->log.end());
-  EXPECT_EQ(typed[0], "KeyDown 65 0");
-  EXPECT_EQ(typed[1], "KeyPress a");
-  EXPECT_EQ(typed[2], "KeyUp 65 0");
-  EXPECT_NE(std::find(typed.begin(), typed.end(), "KeyDown 37 1"), typed.end());
-  EXPECT_TRUE(other->log.empty());
-}
-
 TEST_F(ControlTest, TimersAndResize) {
   platform.SetTimer(probe->hWnd(), 7, 100);
   platform.Advance(250);
   probe->Move(0, 0, 40, 30);
   EXPECT_EQ(probe->log, (Log{"Timer 7", "Timer 7", "Resize 40x30"}));
-}
-
-TEST_F(ControlTest, PaintCopiesTheSurfaceToTheScreen) {
-  probe->color = 0x00FF00;
-  probe->Refresh();
-  Point corner = ScreenPoint(*probe, 99, 49);
-  EXPECT_EQ(platform.ComposeScreen()->GetPixel(corner.x, corner.y), 0x00FF00u);
 }
 
 TEST_F(ControlTest, SiteCarriesChangesAmbientsAndMessageBoxes) {

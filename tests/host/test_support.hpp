@@ -9,15 +9,14 @@
 
 namespace tarnbrook {
 
-// A control for the host tests: logs what reaches it, paints itself one colour, and keeps
-// any property it is given so that form files can be checked value by value.
+// A control for the host tests: logs what reaches it, and keeps any property it is given so
+// that form files can be checked value by value.
 class ProbeControl : public Control {
 public:
   using Control::Control;
   std::string ClassName() const override { return "ProbeControl"; }
 
   std::vector<std::string> log;
-  OleColor color = 0x0000FF;
   int32_t number = 0;
   MemoryPropertyBag extras; // the properties other than "Number", as read
 
@@ -64,7 +63,6 @@ protected:
     log.push_back("Resize " + std::to_string(Surface().Width()) + "x" +
                   std::to_string(Surface().Height()));
   }
-  void OnPaint() override { Surface().DrawBox(0, 0, ScaleWidth(), ScaleHeight(), 1, -1, color); }
   void OnTimer(uintptr_t id) override { log.push_back("Timer " + std::to_string(id)); }
 
 private:
