@@ -81,7 +81,6 @@ TEST(CalendarWithoutForm, AnErrorInAHandlerBeeps) {
   EXPECT_EQ(platform.BeepCount(), beeps + 1);
 }
 
-
 // Every setter refuses what the calendar could not show, and keeps what it had.
 TEST_F(CalendarTest, ValuesItCouldNotShowAreRefusedAndNothingIsKept) {
   const double nan = std::numeric_limits<double>::quiet_NaN();

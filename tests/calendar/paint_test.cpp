@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <filesystem>
 
 #include "common/ole_color.hpp"
 #include "common/picture.hpp"
@@ -31,14 +30,9 @@ protected:
   static Rect Cell(int row, int column) {
     return {4 + 28 * column, 52 + 16 * row, 32 + 28 * column, 68 + 16 * row};
   }
-  void WritePicture(const std::string& name) {
-    std::filesystem::create_directories(TARNBROOK_TEST_OUTPUT);
-    Window().WritePng(std::string(TARNBROOK_TEST_OUTPUT) + "/" + name);
-  }
 };
 
 TEST_F(CalendarPaintTest, SelectedDayThatIsTodayLiesOnTheEllipseInCaptionText) {
-  WritePicture("calendar_paint_default.png");
   Rect cell = Cell(2, 6);
   EXPECT_EQ(Pixel(cell.left + 3, cell.top + 8), COLORREF(TranslateColor(vbHighlight)));
   EXPECT_EQ(Pixel(cell.left + 1, cell.top + 8), COLORREF(TranslateColor(vbWindowBackground)));
@@ -67,7 +61,6 @@ TEST_F(CalendarPaintTest, HeaderIsFilledUnlessItsColourIsNone) {
   EXPECT_EQ(Pixel(free.x, 40), Magenta); // the picture is the background elsewhere
   calendar->SetHeaderColor(OleColorNone);
   EXPECT_EQ(Pixel(free.x, free.y), Magenta);
-  WritePicture("calendar_paint_transparent_header.png");
 }
 
 // The header's texts are drawn over the header's colour, which the surface keeps.
@@ -116,7 +109,6 @@ TEST_F(CalendarPaintTest, PushedButtonSinksAndItsCaptionMoves) {
   std::vector<COLORREF> released = Region(Window(), caption);
   Point today = platform.ClientToScreen(calendar->hWnd(), {50, 165});
   platform.MouseDown(VK_LBUTTON, today.x, today.y);
-  WritePicture("calendar_paint_pushed_today.png");
   EXPECT_EQ(Pixel(16, 156), COLORREF(TranslateColor(vbButtonShadow)));
   EXPECT_EQ(Region(Window(), {21, 160, 77, 172}), released);
   platform.MouseUp(VK_LBUTTON, today.x, today.y);

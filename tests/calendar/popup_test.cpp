@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <filesystem>
 
 #include "calendar_fixture.hpp"
 #include "common/property_bag.hpp"
@@ -65,8 +64,6 @@ TEST_F(CalendarPopupTest, NearTheBottomItOpensAboveAndPaintsThroughPrintClient) 
   EXPECT_EQ(ScreenPixel(60, 2), COLORREF(TranslateColor(vbButtonFace))); // the header band
   Rect r = platform.GetWindowRect(calendar->hWnd());
   EXPECT_EQ(platform.WindowFromPoint({r.left + 100, r.top + 100}), calendar->hWnd());
-  std::filesystem::create_directories(TARNBROOK_TEST_OUTPUT);
-  platform.WriteScreenPng(TARNBROOK_TEST_OUTPUT "/calendar_dropped_up.png");
 }
 
 TEST_F(CalendarPopupTest, AnOutsideClickClosesItAndStillReachesItsTarget) {
@@ -98,7 +95,6 @@ TEST_F(CalendarPopupTest, AnOutsideClickClosesItAndStillReachesItsTarget) {
   platform.PumpMessages();
   EXPECT_EQ(ScreenPixel(10, 60), Window);
   EXPECT_EQ(platform.GetWindowRect(calendar->hWnd()).left, 20);
-  platform.WriteScreenPng(TARNBROOK_TEST_OUTPUT "/calendar_back_on_form.png");
 }
 
 TEST_F(CalendarPopupTest, ProgramsOpenAndCloseItWithTheirOwnEvents) {

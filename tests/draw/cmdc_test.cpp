@@ -3,6 +3,7 @@
 #include "common/control_error.hpp"
 #include "common/picture.hpp"
 #include "draw/cmdc.hpp"
+#include "tests/support/raised.hpp"
 
 namespace tarnbrook {
 namespace {
@@ -30,15 +31,10 @@ Rect Ink(const cMDC& surface) {
   return ink;
 }
 
-void ExpectError(const std::function<void()>& action, int32_t number, const std::string& source) {
-  try {
-    action();
-    ADD_FAILURE() << "no error raised";
-  } catch (const ControlError& error) {
-    EXPECT_EQ(error.Number(), number);
-    EXPECT_EQ(error.Source(), source);
-    EXPECT_EQ(error.Description(), RuntimeErrorText(number));
-  }
+// The error an action raises: number, Source and description.
+std::string Failure(const std::function<void()>& action) {
+  const ControlError error = Raised(action);
+  return std::to_string(error.Number()) + " " + error.Source() + " " + error.Description();
 }
 
 TEST(cMDC, NoSurfaceUntilResizedAndSameSizeKeepsThePicture) {
@@ -89,10 +85,12 @@ TEST(cMDC, LineWidthZeroDrawsDotted) {
 TEST(cMDC, OverflowsAreRaisedAgainWithTheOperationsSource) {
   cMDC surface;
   surface.Resize(10, 10);
-  ExpectError([&] { surface.DrawBox(INT32_MAX, 0, 1, 1, 1, Red, Red); }, 6, "cMDC.DrawBox");
-  ExpectError([&] { surface.DrawText("x", 0, INT32_MAX, 1, 1); }, 6, "cMDC.DrawText");
-  ExpectError([&] { surface.SetFont("Arial", 8, false, false, false, false, 3277); }, 6,
-              "Tarnbrook");
+  EXPECT_EQ(Failure([&] { surface.DrawBox(INT32_MAX, 0, 1, 1, 1, Red, Red); }),
+            "6 cMDC.DrawBox Overflow");
+  EXPECT_EQ(Failure([&] { surface.DrawText("x", 0, INT32_MAX, 1, 1); }),
+            "6 cMDC.DrawText Overflow");
+  EXPECT_EQ(Failure([&] { surface.SetFont("Arial", 8, false, false, false, false, 3277); }),
+            "6 Tarnbrook Overflow");
 }
 
 TEST(cMDC, SetFontHeightFromPointsAndRotationInTenths) {

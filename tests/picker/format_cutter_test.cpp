@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "common/date_runtime.hpp"
 #include "common/locale.hpp"
 #include "draw/cmdc.hpp"
@@ -78,8 +76,8 @@ TEST_F(FormatCutterTest, LocalePatternsAreReadOncePerLocale) {
   EXPECT_EQ(PickerFormatString(dtpLongDate, ""), longDate);
 }
 
-// A long date with its month selected, written out to be looked at: the selected field on the
-// highlight in a box as high as the text, the others on the surface's back colour.
+// A long date with its month selected: the selected field on the highlight in a box as high as the
+// text, the others on the surface's back colour.
 TEST_F(FormatCutterTest, LongDateDrawsWithTheSelectedFieldHighlighted) {
   constexpr COLORREF Back = RGB(176, 252, 176);
   surface.SetBackColor(Back);
@@ -94,10 +92,7 @@ TEST_F(FormatCutterTest, LongDateDrawsWithTheSelectedFieldHighlighted) {
     field.SetValue(DateSerial(2005, 3, 7) + TimeSerial(14, 5, 0));
     field.Draw();
   }
-  const std::filesystem::path out = std::filesystem::path(TARNBROOK_TEST_OUTPUT) / "picker";
-  std::filesystem::create_directories(out);
   const Canvas& canvas = *Canvas::FromHandle(surface.hDC());
-  canvas.WritePng((out / "long_date_fields.png").string());
   const int32_t boxTop = (LineHeight - surface.TextHeight("March")) / 2;
   for (int32_t x = fields[2].Left(); x < fields[2].Left() + fields[2].Width(); ++x) {
     EXPECT_EQ(canvas.GetPixel(x, boxTop), static_cast<COLORREF>(GetSysColor(13))) << x;

@@ -59,7 +59,6 @@ TEST_F(PickerAppearanceTest, ButtonsLieAtTheRightEdgeAndFlatOnesAreOnePixelSmall
 TEST_F(PickerAppearanceTest, FocusShowsTheFocusColourUpToTheBorderAndADottedRectangle) {
   EXPECT_EQ(PixelAt(TextRight - 2, 10), White);
   picker->SetFocus();
-  WritePicker("focused_long_date");
   EXPECT_EQ(PixelAt(TextRight - 2, 10), LightGreen);
   // Sunken 3D: two pixels of border, then the rectangle from 3 to the buttons' width less 3.
   auto dots = [&](int32_t x) {

@@ -1,7 +1,6 @@
 #pragma once
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <utility>
@@ -110,17 +109,6 @@ protected:
   // The picker's pixels as its window shows them.
   COLORREF PixelAt(int32_t x, int32_t y) {
     return platform.WindowCanvas(picker->hWnd())->GetPixel(x, y);
-  }
-  // Writes the whole screen, or only the picker's window, as picker/<name>.png under the
-  // test output folder.
-  void WriteScreen(const std::string& name) { platform.WriteScreenPng(OutputPath(name)); }
-  void WritePicker(const std::string& name) {
-    platform.WindowCanvas(picker->hWnd())->WritePng(OutputPath(name));
-  }
-  static std::string OutputPath(const std::string& name) {
-    const std::filesystem::path out = std::filesystem::path(TARNBROOK_TEST_OUTPUT) / "picker";
-    std::filesystem::create_directories(out);
-    return (out / (name + ".png")).string();
   }
 
   const Log& ChangedKeys() { return form.ChangedKeys(Name); }
