@@ -1,3 +1,4 @@
+#include "host/about_box.hpp"
 #include "host/container.hpp"
 #include "tests/x11/x11_fixture.hpp"
 
@@ -114,21 +115,34 @@ TEST_F(X11Test, AFormRunsUntilTheWindowManagerClosesIt) {
 }
 
 HWND boxOwner = 0;
-bool ownerEnabled = true;
+bool ownerEnabled = true, aboutHadTheFocus = false;
 
+// Notes what the open box left of its owner and presses Return on the real keyboard, which
+// the box has.
 void PressReturn(HWND, UINT, uintptr_t id, uint32_t) {
   Platform::Current().KillTimer(0, id);
   ownerEnabled = Platform::Current().IsWindowEnabled(boxOwner);
-  std::system("xdotool key Return"); // to the box, which has the keyboard
+  aboutHadTheFocus = AboutBox::Current() != nullptr &&
+                     Platform::Current().GetFocus() == AboutBox::Current()->hWnd();
+  std::system("xdotool key Return");
 }
 
-TEST_F(X11Test, AMessageBoxOnScreenWaitsForItsAnswerAndGivesTheFocusBack) {
+TEST_F(X11Test, BoxesOnScreenWaitForReturnAndGiveTheFocusBack) {
   HWND form = boxOwner = NewWindow(100, 100, 300, 200, 0, "Owner");
   HWND field = NewWindow(10, 10, 50, 50, form);
   platform->SetFocus(field);
   platform->SetTimer(0, 0, 100, PressReturn);
   EXPECT_EQ(platform->MessageBox(field, "Keep the changes?", "Demo", MB_YESNO), IDYES);
   EXPECT_FALSE(ownerEnabled);
+  EXPECT_TRUE(platform->IsWindowEnabled(form));
+  EXPECT_EQ(platform->GetFocus(), field);
+
+  ownerEnabled = true;
+  platform->SetTimer(0, 0, 150, PressReturn);
+  ShowAboutBox("MonthCalendar", field);
+  EXPECT_TRUE(aboutHadTheFocus);
+  EXPECT_FALSE(ownerEnabled);
+  EXPECT_EQ(AboutBox::Current(), nullptr);
   EXPECT_TRUE(platform->IsWindowEnabled(form));
   EXPECT_EQ(platform->GetFocus(), field);
 }

@@ -37,11 +37,8 @@ TEST_F(X11Test, RealKeysTabThroughAFormAndTypeIntoATextBox) {
   platform->SetWindowPos(form.hWnd(), 0, 100, 100, 300, 160, SWP_NOZORDER);
   auto& number =
       static_cast<TextBox&>(form.Add(std::make_unique<TextBox>(), "txtNumber", 10, 10, 80, 21));
-  form.Add(std::make_unique<Label>(), "lblUnit", 100, 12, 60, 16);
   auto& today =
       static_cast<CheckBox&>(form.Add(std::make_unique<CheckBox>(), "chkToday", 10, 40, 120, 17));
-  auto& other =
-      static_cast<TextBox&>(form.Add(std::make_unique<TextBox>(), "txtOther", 10, 70, 80, 21));
   NumberRequired rule(number);
   number.Connect(&rule);
   platform->ProcessPendingEvents();
@@ -68,12 +65,8 @@ TEST_F(X11Test, RealKeysTabThroughAFormAndTypeIntoATextBox) {
   ASSERT_TRUE(WaitFor([&] { return platform->GetFocus() == today.hWnd(); }));
   Xdotool("key space");
   ASSERT_TRUE(WaitFor([&] { return today.Value() == vbChecked; }));
-  Xdotool("key Tab");
-  ASSERT_TRUE(WaitFor([&] { return platform->GetFocus() == other.hWnd(); }));
-  Xdotool("key Tab"); // round to the first again
+  Xdotool("key shift+Tab");
   ASSERT_TRUE(WaitFor([&] { return platform->GetFocus() == number.hWnd(); }));
-  Xdotool("key shift+Tab shift+Tab");
-  ASSERT_TRUE(WaitFor([&] { return platform->GetFocus() == today.hWnd(); }));
   EXPECT_EQ(number.Text(), "12");
   EXPECT_EQ(rule.refusals, 2);
 }
