@@ -118,13 +118,5 @@ TEST_F(CalendarTest, ValuesItCouldNotShowAreRefusedAndNothingIsKept) {
   EXPECT_EQ(calendar->SelectedYear(), 9999);
 }
 
-TEST_F(CalendarTest, AFontNameThatIsNotUtf8IsMendedAndTheFormSaves) {
-  Font font = calendar->Font();
-  font.Name = "Ta\xFFhoma\xC3";
-  calendar->SetFont(font);
-  EXPECT_EQ(calendar->Font().Name, "Ta\xEF\xBF\xBDhoma\xEF\xBF\xBD");
-  EXPECT_EQ(RaisedNumber([&] { form.SaveToText(); }), 0);
-}
-
 } // namespace
 } // namespace tarnbrook

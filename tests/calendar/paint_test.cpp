@@ -115,14 +115,5 @@ TEST_F(CalendarPaintTest, PushedButtonSinksAndItsCaptionMoves) {
   EXPECT_NE(Pixel(16, 156), COLORREF(TranslateColor(vbButtonShadow)));
 }
 
-TEST_F(CalendarPaintTest, AnySizeGivenTurnsBackTo204By180) {
-  for (auto [width, height] : {std::pair{300, 50}, {10, 400}, {204, 181}}) {
-    calendar->Move(5, 7, width, height);
-    EXPECT_EQ(calendar->ScaleWidth(), 204);
-    EXPECT_EQ(calendar->ScaleHeight(), 180);
-    EXPECT_EQ(calendar->Width(), 204 * 15);
-  }
-}
-
 } // namespace
 } // namespace tarnbrook

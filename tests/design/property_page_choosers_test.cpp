@@ -51,6 +51,10 @@ TEST_F(PropertyPageTest, ColoursByNameOrByRgbEachPropertyKeepingItsOwnUntilApply
   // Another property shown meanwhile keeps the first one's choice pending.
   auto& same = Member<ColorChooser>(*sheet, "WeekDayColor");
   hand.TypeOver(same.txtRed(), "255");
+  hand.TypeOver(same.txtGreen(), "x"); // refused as every numeric field is, naming itself
+  EXPECT_FALSE(sheet->Apply());
+  EXPECT_TRUE(HasFocus(same.txtGreen()));
+  EXPECT_EQ(Messages().back(), "Please Enter a numeric value for the Green");
   hand.TypeOver(same.txtGreen(), "128");
   hand.TypeOver(same.txtBlue(), "0");
   EXPECT_EQ(same.cboSystem().ListIndex(), -1);
@@ -95,6 +99,9 @@ TEST_F(PropertyPageTest, FontPartsLeftBlankStayAsEachControlHasThem) {
   EXPECT_EQ(second.Font().Name, secondName);
 
   chooser.cboName().SetText("DejaVu Serif");
+  hand.TypeOver(chooser.txtSize(), "big");
+  EXPECT_FALSE(sheet->Apply());
+  EXPECT_EQ(Messages().back(), "Please Enter a numeric value for the Size");
   hand.TypeOver(chooser.txtSize(), "14");
   EXPECT_EQ(chooser.PreviewFont().Name, "DejaVu Serif");
   ASSERT_TRUE(sheet->Apply());

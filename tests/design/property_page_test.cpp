@@ -1,5 +1,4 @@
 // The sheet's machinery: Apply, OK and Cancel, several controls at once, and refusals.
-#include "design/form_designer.hpp"
 #include "tests/design/property_page_fixture.hpp"
 
 namespace tarnbrook {
@@ -146,28 +145,6 @@ TEST_F(PropertyPageTest, ANumericFieldRefusesOtherTextKeepsTheFocusAndAppliesNot
   EXPECT_EQ(Messages().size(), 5u);
 }
 
-TEST_F(PropertyPageTest, EveryNumericFieldNamesItselfInTheSameSentence) {
-  auto& select = Place<DateSelect>("Select1");
-  auto sheet = Open({&select});
-  sheet->ShowPage(1); // Appearance
-  auto& font = Member<FontChooser>(*sheet, "Font");
-  hand.TypeOver(font.txtSize(), "big");
-  EXPECT_FALSE(sheet->Apply());
-  hand.TypeOver(font.txtSize(), "12");
-  auto& color = Member<ColorChooser>(*sheet, "ForeColor");
-  hand.TypeOver(color.txtGreen(), "x");
-  EXPECT_FALSE(sheet->Apply());
-  EXPECT_TRUE(HasFocus(color.txtGreen()));
-  EXPECT_EQ(Messages(), (std::vector<std::string>{
-                            "Please Enter a numeric value for the Size",
-                            "Please Enter a numeric value for the Green",
-                        }));
-  hand.TypeOver(color.txtGreen(), "128");
-  ASSERT_TRUE(sheet->Apply());
-  EXPECT_EQ(select.Font().Size, 12.0f);
-  EXPECT_EQ(select.ForeColor(), RGB(0, 128, 0)); // button text is black: only green moved
-}
-
 TEST_F(PropertyPageTest, AValueTheControlRefusesShowsItsErrorAndTakesBackEverything) {
   auto& picker = Place<DatePicker>("Picker1");
   picker.SetMaxDate(DateSerial(2010, 12, 31));
@@ -217,28 +194,6 @@ TEST_F(PropertyPageTest, AValueTheControlRefusesShowsItsErrorAndTakesBackEveryth
   EXPECT_FALSE(sheet->Apply());
   EXPECT_EQ(Messages().size(), before + 1);
   EXPECT_EQ(picker.CalendarBackground(), nullptr);
-}
-
-TEST_F(PropertyPageTest, OpenedFromTheDesignerThePagesTakeTheKeysTheDesignerWouldOtherwise) {
-  auto& picker = Place<DatePicker>("Picker1", 40);
-  FormDesigner designer(*form);
-  std::unique_ptr<PropertySheet> sheet;
-  designer.SetShowPropertiesHandler(
-      [&](const std::vector<Control*>& selection) { sheet = Open(selection); });
-  hand.Click(picker, 60, 10);
-  platform.Key(VK_F4);
-  ASSERT_NE(sheet, nullptr);
-  // Format has the focus: two steps down is dtpCustom, Tab goes on to the custom format.
-  platform.Key(VK_DOWN);
-  platform.Key(VK_DOWN);
-  platform.Key(VK_TAB);
-  platform.Type("yyyy-MM-dd");
-  hand.Click(sheet->OkButton());
-  EXPECT_TRUE(sheet->Closed());
-  EXPECT_EQ(picker.Format(), dtpCustom);
-  EXPECT_EQ(picker.CustomFormat(), "yyyy-MM-dd");
-  EXPECT_EQ(platform.GetWindowRect(picker.hWnd()).top,
-            platform.ClientToScreen(form->hWnd(), {0, 40}).y); // the arrows moved nothing
 }
 
 } // namespace

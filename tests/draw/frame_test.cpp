@@ -89,19 +89,6 @@ TEST(CFrame, HiddenDrawsNothingButStillAnswersCheckPoint) {
   EXPECT_EQ(frame.rectangle, (Rect{0, 0, 3, 2}));
 }
 
-TEST(CFrame, AddAndRemoveStateAreBitwise) {
-  CFrame frame;
-  frame.AddState(DFCS_PUSHED);
-  frame.AddState(DFCS_PUSHED);
-  EXPECT_EQ(frame.State, 0x200);
-  frame.AddState(DFCS_INACTIVE);
-  frame.RemoveState(DFCS_FLAT);
-  EXPECT_EQ(frame.State, 0x300);
-  frame.RemoveState(DFCS_PUSHED);
-  EXPECT_EQ(frame.State, 0x100);
-}
-
-// Init takes top, left, height, width; Draw is the stored edge on all four sides.
 TEST(CDrawEdge, DrawsTheStoredEdgeAroundItsRectangle) {
   Canvas canvas(20, 20), expected(20, 20);
   CDrawEdge edge;
