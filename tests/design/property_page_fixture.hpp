@@ -18,6 +18,7 @@
 #include "picker/date_picker.hpp"
 #include "platform/memory/memory_platform.hpp"
 #include "tests/support/hand.hpp"
+#include "tests/support/raised.hpp"
 
 namespace tarnbrook {
 

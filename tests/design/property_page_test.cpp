@@ -4,7 +4,7 @@
 namespace tarnbrook {
 namespace {
 
-TEST_F(PropertyPageTest, ApplyWritesWhatChangedAndIsEnabledOnlyWhileSomethingIs) {
+TEST_F(PropertyPageTest, ApplyWritesWhatChangedWhileTheSheetStaysAndOkAlsoClosesIt) {
   auto& picker = Place<DatePicker>("Picker1");
   auto sheet = Open({&picker});
   EXPECT_EQ(sheet->Caption(), "DatePicker Properties");
@@ -23,13 +23,11 @@ TEST_F(PropertyPageTest, ApplyWritesWhatChangedAndIsEnabledOnlyWhileSomethingIs)
   EXPECT_FALSE(sheet->ApplyButton().Enabled());
   EXPECT_FALSE(sheet->Closed());
   EXPECT_TRUE(Messages().empty());
-}
 
-TEST_F(PropertyPageTest, CancelAndTheFramesCloseWriteNothingAndOkWritesAndCloses) {
-  auto& picker = Place<DatePicker>("Picker1");
+  // Cancel and the frame's close box write nothing; OK writes and closes.
   for (const char* closer : {"Cancel", "WM_CLOSE", "OK"}) {
     SCOPED_TRACE(closer);
-    auto sheet = Open({&picker});
+    sheet = Open({&picker});
     hand.TypeOver(Field(*sheet, "ButtonWidth"), "30");
     if (closer == std::string("WM_CLOSE"))
       platform.SendMessage(sheet->hWnd(), WM_CLOSE, 0, 0);
@@ -37,7 +35,7 @@ TEST_F(PropertyPageTest, CancelAndTheFramesCloseWriteNothingAndOkWritesAndCloses
       hand.Click(closer == std::string("OK") ? sheet->OkButton() : sheet->CancelButton());
     EXPECT_TRUE(sheet->Closed());
     EXPECT_FALSE(platform.IsWindowVisible(sheet->hWnd()));
-    EXPECT_EQ(picker.ButtonWidth(), closer == std::string("OK") ? 30 : 16);
+    EXPECT_EQ(picker.ButtonWidth(), closer == std::string("OK") ? 30 : 24);
   }
 }
 
@@ -172,12 +170,7 @@ TEST_F(PropertyPageTest, AValueTheControlRefusesShowsItsErrorAndTakesBackEveryth
 
   // A minimum above the maximum: the picker's own text, the focus on the field, and the
   // width written before it taken back.
-  std::string refusal;
-  try {
-    picker.SetMinDate(max + 40);
-  } catch (const ControlError& error) {
-    refusal = error.Description();
-  }
+  const std::string refusal = Raised([&] { picker.SetMinDate(max + 40); }).Description();
   ASSERT_FALSE(refusal.empty());
   hand.TypeOver(Field(*sheet, "ButtonWidth"), "40");
   setLimit(minField, max + 10, VK_UP);
