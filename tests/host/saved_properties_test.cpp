@@ -1,13 +1,11 @@
-// The saved form a class's description makes: the mechanism once, on a small class of its own.
-// Each real class's table is data, pinned byte for byte by the saved-forms fixture.
+// How a class's description reads a saved form: the mechanism once, on a small class of its
+// own. What each real class's table writes is pinned byte for byte by the saved-forms fixture.
 #include <gtest/gtest.h>
 
 #include "host/saved_properties.hpp"
 
 namespace tarnbrook {
 namespace {
-
-using Entries = std::vector<std::pair<std::string, Variant>>;
 
 struct Gauge : Object {
   int32_t level = 0, raw = 0;
@@ -44,14 +42,12 @@ struct Gauge : Object {
       c.name = "Gauge";
       c.properties = {
           Property<&Gauge::Level, &Gauge::SetLevel>("Level", T::Long, "Level")
-              .Saved({.read = 3, .write = 1, .byDefault = int32_t(0), .asInteger = true}),
+              .Saved({.read = 3, .byDefault = int32_t(0)}),
           Property<&Gauge::Label, &Gauge::SetLabel>("Label", T::String, "Label")
-              .Saved({.read = 1, .write = 3, .byDefault = "none", .quiet = true}),
+              .Saved({.read = 1, .byDefault = "none", .quiet = true}),
           Property<&Gauge::Year, &Gauge::SetYear>("Year", T::Integer, "Year")
               .Saved({.read = 2,
-                      .defaultOf = [](Object& o) { return Variant(static_cast<Gauge&>(o).year); },
-                      .writtenAs = "year",
-                      .alwaysWritten = true}),
+                      .defaultOf = [](Object& o) { return Variant(static_cast<Gauge&>(o).year); }}),
           Property<&Gauge::Raw, &Gauge::SetRaw>("Raw", T::Long, "Raw")
               .Saved({.read = 4, .byDefault = int32_t(0), .load = Store<&Gauge::raw>(T::Long)}),
           Property<&Gauge::Level>("Unsaved", T::Long),
@@ -62,17 +58,8 @@ struct Gauge : Object {
   }
 };
 
-Entries Written(Gauge& gauge) {
-  MemoryPropertyBag bag;
-  WriteSavedProperties(gauge, Gauge::Info(), bag);
-  return bag.Entries();
-}
-
-TEST(SavedPropertiesTest, KeysAreWrittenInTheirOrderUnderTheirSpellingAndReadInAnother) {
+TEST(SavedPropertiesTest, KeysAreReadInTheirOrderSomeStraightIntoTheirField) {
   Gauge gauge;
-  // Only what differs from its default, but the always-written year even so.
-  EXPECT_EQ(Written(gauge), (Entries{{"year", int16_t(2000)}}));
-
   MemoryPropertyBag bag;
   bag.WriteProperty("Level", int32_t(7));
   bag.WriteProperty("YEAR", int16_t(1999)); // keys match without regard to case
@@ -82,10 +69,6 @@ TEST(SavedPropertiesTest, KeysAreWrittenInTheirOrderUnderTheirSpellingAndReadInA
   EXPECT_FALSE(ReadSavedProperties(gauge, Gauge::Info(), bag));
   EXPECT_EQ(gauge.applied, (std::vector<std::string>{"Label", "Year", "Level"}));
   EXPECT_EQ(gauge.raw, 5); // straight into the field, not through its setter
-  EXPECT_EQ(Written(gauge), (Entries{{"Level", int16_t(7)},
-                                     {"year", int16_t(1999)},
-                                     {"Label", "north"},
-                                     {"Raw", int32_t(5)}}));
 
   // An absent year keeps the one the control holds.
   MemoryPropertyBag noYear;
