@@ -20,33 +20,25 @@ TEST_F(InputTest, ClickMovesTheFocusKillBeforeSet) {
   HWND b = Window(200, 0, 100, 100);
   p.Click(10, 10);
   p.Click(210, 10);
-  auto order = Take({WM_SETFOCUS, WM_KILLFOCUS, WM_LBUTTONDOWN});
-  ASSERT_EQ(order.size(), 5u);
-  EXPECT_EQ(order[0].msg, static_cast<UINT>(WM_SETFOCUS));
-  EXPECT_EQ(order[1].msg, static_cast<UINT>(WM_LBUTTONDOWN));
-  EXPECT_EQ(order[2].hwnd, a);
-  EXPECT_EQ(order[2].msg, static_cast<UINT>(WM_KILLFOCUS));
-  EXPECT_EQ(order[2].wParam, b);
-  EXPECT_EQ(order[3].hwnd, b);
-  EXPECT_EQ(order[3].msg, static_cast<UINT>(WM_SETFOCUS));
-  EXPECT_EQ(order[3].wParam, a);
-  EXPECT_EQ(order[4].hwnd, b);
-
+  EXPECT_EQ(TakeSeen({WM_SETFOCUS, WM_KILLFOCUS, WM_LBUTTONDOWN}),
+            (std::vector<Seen>{{a, WM_SETFOCUS, 0},
+                               {a, WM_LBUTTONDOWN, MK_LBUTTON},
+                               {a, WM_KILLFOCUS, b},
+                               {b, WM_SETFOCUS, a},
+                               {b, WM_LBUTTONDOWN, MK_LBUTTON}}));
   p.SetClickFocus(false);
   p.Click(10, 10);
   EXPECT_EQ(p.GetFocus(), b);
 }
 
 TEST_F(InputTest, DoubleClickArrivesAsDownUpDoubleUp) {
-  Window(0, 0, 100, 100);
+  HWND a = Window(0, 0, 100, 100);
   p.DoubleClick(30, 40);
-  auto order = Take({WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK});
-  ASSERT_EQ(order.size(), 4u);
-  EXPECT_EQ(order[0].msg, static_cast<UINT>(WM_LBUTTONDOWN));
-  EXPECT_EQ(order[1].msg, static_cast<UINT>(WM_LBUTTONUP));
-  EXPECT_EQ(order[2].msg, static_cast<UINT>(WM_LBUTTONDBLCLK));
-  EXPECT_EQ(order[2].wParam, static_cast<WPARAM>(MK_LBUTTON));
-  EXPECT_EQ(order[3].msg, static_cast<UINT>(WM_LBUTTONUP));
+  EXPECT_EQ(TakeSeen({WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK}),
+            (std::vector<Seen>{{a, WM_LBUTTONDOWN, MK_LBUTTON},
+                               {a, WM_LBUTTONUP, 0},
+                               {a, WM_LBUTTONDBLCLK, MK_LBUTTON},
+                               {a, WM_LBUTTONUP, 0}}));
   EXPECT_EQ(p.GetCursorPos(), (Point{30, 40}));
 }
 
@@ -93,13 +85,9 @@ TEST_F(InputTest, CaptureTakesTheMouseWhereverItGoes) {
   EXPECT_EQ(moves[0].wParam, static_cast<WPARAM>(MK_LBUTTON));
 
   EXPECT_TRUE(p.ReleaseCapture());
-  auto changed = Take({WM_CAPTURECHANGED});
-  ASSERT_EQ(changed.size(), 1u);
-  EXPECT_EQ(changed[0].hwnd, a);
   p.MouseUp(VK_LBUTTON, 350, 150);
-  auto up = Take({WM_LBUTTONUP});
-  ASSERT_EQ(up.size(), 1u);
-  EXPECT_EQ(up[0].hwnd, b);
+  EXPECT_EQ(TakeSeen({WM_CAPTURECHANGED, WM_LBUTTONUP}),
+            (std::vector<Seen>{{a, WM_CAPTURECHANGED, 0}, {b, WM_LBUTTONUP, 0}}));
 }
 
 } // namespace

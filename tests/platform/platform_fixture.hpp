@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <initializer_list>
+#include <tuple>
 #include <vector>
 
 #include "platform/memory/memory_platform.hpp"
@@ -46,6 +47,15 @@ protected:
     }
     received.clear();
     return taken;
+  }
+  // The same, as (window, message, wParam).
+  using Seen = std::tuple<HWND, UINT, WPARAM>;
+  std::vector<Seen> TakeSeen(std::initializer_list<UINT> kinds) {
+    std::vector<Seen> seen;
+    for (const Received& r : Take(kinds)) {
+      seen.emplace_back(r.hwnd, r.msg, r.wParam);
+    }
+    return seen;
   }
 
   MemoryPlatform p;

@@ -79,7 +79,7 @@ TEST_F(TimerTest, TimerObjectRestartsWhenEnabledOrIntervalIsSet) {
   EXPECT_EQ(p.TimerCount(), 0u);
 }
 
-TEST_F(TimerTest, WallClockMovesWithTheVirtualClock) {
+TEST_F(TimerTest, WallClockMovesWithTheVirtualClockAndGivesTheRuntimeItsYear) {
   p.SetNow(45356.5); // 5 March 2024, noon
   p.Advance(6 * 3600 * 1000);
   EXPECT_DOUBLE_EQ(p.Now(), 45356.75);
@@ -88,10 +88,7 @@ TEST_F(TimerTest, WallClockMovesWithTheVirtualClock) {
   EXPECT_DOUBLE_EQ(p.Now(), -1.75);
   p.Advance(12 * 3600 * 1000);
   EXPECT_DOUBLE_EQ(p.Now(), 0.25);
-}
-
-TEST_F(TimerTest, TheRuntimeReadsTheCurrentYearFromThePlatform) {
-  p.SetNow(45356.5); // 2024
+  p.SetNow(45356.5); // the runtime reads the current year from the platform
   EXPECT_EQ(CDate("11/21"), DateSerial(2024, 11, 21));
 }
 
