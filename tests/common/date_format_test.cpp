@@ -87,17 +87,13 @@ TEST(FormatDate, SeparatorsAndNamesComeFromTheLocale) {
   EXPECT_EQ(FormatDate(kEvening, "d/m/yyyy h:nn mmmm", 0, 0, dotted), "21.11.2026 17-04 Novembre");
   EXPECT_EQ(FormatDate(kEvening, "General Date", 0, 0, dotted), "21.11.26 17-04 h");
   EXPECT_EQ(DateToText(kEvening, dotted), "21.11.26 17-04 h");
-}
-
-TEST(FormatDate, GermanLocaleFromIcu) {
-  const Locale german = Locale::FromIcu("de_DE");
-  if (german.MonthName(1) != "Januar") {
-    GTEST_SKIP() << "ICU on this machine has no German (de_DE) date data";
-  }
-  EXPECT_EQ(FormatDate(kEvening, "Long Date", 0, 0, german), "21. November 2026");
-  EXPECT_EQ(FormatDate(kEvening, "General Date", 0, 0, german), "21.11.26 17:04:09");
-  EXPECT_EQ(FormatDate(kEvening, "dddd, d. mmmm", 0, 0, german), "Samstag, 21. November");
-  EXPECT_EQ(FormatDate(DateValueFromCivil({2026, 3, 2}), "w ddd mmm", 0, 0, german), "1 Mo. März");
+  // The letters of a locale's own patterns.
+  Locale custom = Locale::EnglishUS();
+  custom.TimePattern = "h 'o''clock' t|tt|H|HH|m|s\\s";
+  custom.ShortDatePattern = "y|yy|yyy|MMMMM|ddddd";
+  const DateValue morning = DateValueFromCivil({2005, 7, 4}, {0, 5, 6});
+  EXPECT_EQ(FormatDate(morning, "Long Time", 0, 0, custom), "12 oclock A|AM|0|00|5|6s");
+  EXPECT_EQ(FormatDate(morning, "Short Date", 0, 0, custom), "5|05|2005|July7|Monday");
 }
 
 TEST(FormatDate, OutOfRangeValuesAndSettingsRaise5) {
@@ -106,15 +102,6 @@ TEST(FormatDate, OutOfRangeValuesAndSettingsRaise5) {
   EXPECT_EQ(FormatError(kEvening, "w", 8), rtInvalidProcedureCall);
   EXPECT_EQ(FormatError(kEvening, "ww", 1, 4), rtInvalidProcedureCall);
   EXPECT_EQ(FormatError(kEvening, "ww", 0, 0), 0);
-}
-
-TEST(FormatDate, LocalePatternLetters) {
-  Locale custom = Locale::EnglishUS();
-  custom.TimePattern = "h 'o''clock' t|tt|H|HH|m|s\\s";
-  custom.ShortDatePattern = "y|yy|yyy|MMMMM|ddddd";
-  const DateValue morning = DateValueFromCivil({2005, 7, 4}, {0, 5, 6});
-  EXPECT_EQ(FormatDate(morning, "Long Time", 0, 0, custom), "12 oclock A|AM|0|00|5|6s");
-  EXPECT_EQ(FormatDate(morning, "Short Date", 0, 0, custom), "5|05|2005|July7|Monday");
 }
 
 // A result longer than the space kept for one in place; the reference test's random formats

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include "common/conversions.hpp"
+#include "common/date_format.hpp"
 #include "common/locale.hpp"
 #include "common/text.hpp"
 
@@ -81,11 +83,11 @@ TEST_F(LocaleTest, ReadLocaleItemKeepsAtMost99Characters) {
   EXPECT_EQ(ReadLocaleItem(12345), "");
 }
 
-TEST_F(LocaleTest, GermanFromIcuHasGermanPatternsAndWeekRules) {
+// Its names, separators and first day of the week show in what it writes and reads.
+TEST_F(LocaleTest, GermanFromIcuWritesAndReadsGermanDates) {
   if (!IcuHasGerman()) {
     GTEST_SKIP() << "ICU on this machine has no German (de_DE) date data";
   }
-  // Its names, separators and first day show in the German formatting and parsing tests.
   const Locale german = Locale::FromIcu("de_DE");
   EXPECT_EQ(german.Name, "de-DE");
   EXPECT_EQ(german.ShortDatePattern, "dd.MM.yy");
@@ -93,6 +95,16 @@ TEST_F(LocaleTest, GermanFromIcuHasGermanPatternsAndWeekRules) {
   EXPECT_EQ(german.TimePattern, "HH:mm:ss");
   EXPECT_EQ(german.FirstWeekOfYear, 2);
   EXPECT_EQ(Locale::FromIcu("de-DE").ShortDatePattern, "dd.MM.yy");
+
+  const DateValue evening = DateValueFromCivil({2026, 11, 21}, {17, 4, 9}); // a Saturday
+  EXPECT_EQ(FormatDate(evening, "Long Date", 0, 0, german), "21. November 2026");
+  EXPECT_EQ(FormatDate(evening, "General Date", 0, 0, german), "21.11.26 17:04:09");
+  EXPECT_EQ(FormatDate(evening, "dddd, d. mmmm", 0, 0, german), "Samstag, 21. November");
+  EXPECT_EQ(FormatDate(DateValueFromCivil({2026, 3, 2}), "w ddd mmm", 0, 0, german), "1 Mo. März");
+  EXPECT_EQ(CDate("21.11.26", german), DateOnly(evening));
+  EXPECT_EQ(CDate("21. November 2026 17:04:09", german), evening);
+  EXPECT_EQ(CDate("Samstag, 3. März 2026", german), DateValueFromCivil({2026, 3, 3}));
+  EXPECT_EQ(CDate("3. Dez. 2026", german), DateValueFromCivil({2026, 12, 3}));
 }
 
 TEST_F(LocaleTest, IcuPatternsAreMappedIntoThePickerLanguage) {

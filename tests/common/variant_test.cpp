@@ -18,15 +18,11 @@ TEST(VariantTest, BooleansAndWholeNumbers) {
   EXPECT_TRUE(Variant(0.25).ToBoolean());
   EXPECT_EQ(RaisedNumber([] { Variant("yes").ToBoolean(); }), 13);
 
-  // Half to even, then the range.
-  EXPECT_EQ(Variant(2.5).ToInteger(), 2);
-  EXPECT_EQ(Variant(3.5).ToInteger(), 4);
+  // Through CInt and CLng, whose rounding and ranges the conversions test holds.
   EXPECT_EQ(Variant("12").ToInteger(), 12);
   EXPECT_EQ(Variant(true).ToInteger(), -1);
   EXPECT_EQ(Variant::Date(1.75).ToLong(), 2);
-  EXPECT_EQ(RaisedNumber([] { Variant(32767.5).ToInteger(); }), 6);
   EXPECT_EQ(RaisedNumber([] { Variant(int32_t(40000)).ToInteger(); }), 6);
-  EXPECT_EQ(RaisedNumber([] { Variant(2147483647.5).ToLong(); }), 6);
   EXPECT_EQ(RaisedNumber([] { Variant("1x").ToLong(); }), 13);
 }
 
