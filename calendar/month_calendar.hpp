@@ -184,6 +184,7 @@ protected:
   void OnMouseUp(int16_t button, int16_t shift, float x, float y) override;
   void OnDblClick() override;
   void OnKeyDown(int16_t& keyCode, int16_t shift) override;
+  bool OnMouseWheel(int32_t notches, int16_t shift) override;
   void OnKeyPress(int16_t& keyAscii) override;
   void OnKeyUp(int16_t& keyCode, int16_t shift) override;
 

@@ -3,6 +3,8 @@
 #include "calendar/month_calendar.hpp"
 #include "calendar/month_calendar_layout.hpp"
 
+#include <cstdlib>
+
 namespace tarnbrook {
 
 namespace layout = month_calendar_layout;
@@ -47,6 +49,14 @@ void MonthCalendar::OnMouseDown(int16_t button, int16_t, float x, float y) {
   up.Visible = overYear;
   down.Visible = overYear;
   Paint();
+}
+
+// A notch is a press of a month button: turned away from the user, the month before.
+bool MonthCalendar::OnMouseWheel(int32_t notches, int16_t) {
+  for (int32_t i = 0; i < std::abs(notches); ++i)
+    ButtonAction(notches > 0 ? "Left" : "Right");
+  Paint();
+  return true;
 }
 
 void MonthCalendar::OnMouseMove(int16_t button, int16_t, float x, float y) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <string>
 #include <thread>
 
@@ -251,6 +252,15 @@ void NumberSpin::OnKeyDown(int16_t& keyCode, int16_t) {
     Step(1);
   else if (keyCode == VK_DOWN)
     Step(-1);
+}
+
+// As the arrow keys, and only with the focus, for the same reason as the picker's fields.
+bool NumberSpin::OnMouseWheel(int32_t notches, int16_t) {
+  if (!hasFocus_)
+    return false;
+  for (int32_t i = 0; i < std::abs(notches); ++i)
+    Step(notches > 0 ? 1 : -1);
+  return true;
 }
 
 // The last four digits typed make the year: a fifth digit pushes the oldest out.

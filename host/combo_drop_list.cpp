@@ -133,6 +133,12 @@ void ComboBox::DropList::OnMouseUp(int16_t button, int16_t, float x, float y) {
   }
 }
 
+bool ComboBox::DropList::OnMouseWheel(int32_t notches, int16_t) {
+  constexpr int32_t RowsPerNotch = 3;
+  ScrollTo(top_ - notches * RowsPerNotch);
+  return true;
+}
+
 void ComboBox::DropList::DrawEntry(Canvas& canvas, std::string_view text, const Rect& rect,
                                    bool highlighted, bool enabled, int32_t textColor) {
   if (highlighted) {

@@ -42,6 +42,7 @@ protected:
   void OnMouseDown(int16_t button, int16_t shift, float x, float y) override;
   void OnMouseMove(int16_t button, int16_t shift, float x, float y) override;
   void OnMouseUp(int16_t button, int16_t shift, float x, float y) override;
+  bool OnMouseWheel(int32_t notches, int16_t shift) override;
 
 private:
   void MouseDownOutside(bool& dontHide) override;

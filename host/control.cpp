@@ -221,6 +221,9 @@ LRESULT Control::Route(UINT msg, WPARAM wParam, LPARAM lParam) {
   case WM_MBUTTONUP:
     MouseButton(msg, wParam, lParam);
     return 0;
+  case WM_MOUSEWHEEL:
+    MouseWheel(wParam, lParam);
+    return 0;
   case WM_MOUSEMOVE:
     OnMouseMove(ButtonsHeld(wParam), ShiftState(platform), float(GET_X_LPARAM(lParam)),
                 float(GET_Y_LPARAM(lParam)));
@@ -302,6 +305,17 @@ void Control::MouseButton(UINT msg, WPARAM wParam, LPARAM lParam) {
     OnDblClick();
   else
     OnMouseDown(button, shift, x, y);
+}
+
+void Control::MouseWheel(WPARAM wParam, LPARAM lParam) {
+  wheelRest_ += GET_WHEEL_DELTA_WPARAM(wParam);
+  const int32_t notches = wheelRest_ / WHEEL_DELTA;
+  wheelRest_ %= WHEEL_DELTA;
+  Platform& platform = Platform::Current();
+  if (notches == 0 || OnMouseWheel(notches, ShiftState(platform)))
+    return;
+  if (HWND parent = Parent())
+    platform.SendMessage(parent, WM_MOUSEWHEEL, wParam, lParam);
 }
 
 void Control::PrintClient(HDC target) {

@@ -102,6 +102,9 @@ protected:
   virtual void OnMouseMove(int16_t /*button*/, int16_t /*shift*/, float /*x*/, float /*y*/) {}
   virtual void OnMouseUp(int16_t /*button*/, int16_t /*shift*/, float /*x*/, float /*y*/) {}
   virtual void OnDblClick() {}
+  // Whole notches of the wheel, positive away from the user; false passes them on to the
+  // parent (a page under a field that ignores the wheel still scrolls).
+  virtual bool OnMouseWheel(int32_t /*notches*/, int16_t /*shift*/) { return false; }
   virtual void OnKeyDown(int16_t& /*keyCode*/, int16_t /*shift*/) {}
   virtual void OnKeyPress(int16_t& /*keyAscii*/) {}
   virtual void OnKeyUp(int16_t& /*keyCode*/, int16_t /*shift*/) {}
@@ -136,6 +139,7 @@ private:
   static LRESULT WindowProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
   LRESULT Route(UINT msg, WPARAM wParam, LPARAM lParam);
   void MouseButton(UINT msg, WPARAM wParam, LPARAM lParam);
+  void MouseWheel(WPARAM wParam, LPARAM lParam);
   void CopySurfaceToWindow();
   // Focus movement between the controls of a form (focus_movement.cpp).
   void Enlist();
@@ -148,6 +152,7 @@ private:
   uint64_t creationOrder_ = 0; // tab order follows creation
   bool tabStop_ = true;
   bool causesValidation_ = true;
+  int32_t wheelRest_ = 0; // a part of a notch, from a fine wheel
   ControlSite* site_ = &ControlSite::Standalone();
   cMDC surface_;
 };

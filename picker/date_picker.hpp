@@ -204,6 +204,7 @@ protected:
   void OnMouseMove(int16_t button, int16_t shift, float x, float y) override;
   void OnMouseUp(int16_t button, int16_t shift, float x, float y) override;
   void OnKeyDown(int16_t& keyCode, int16_t shift) override;
+  bool OnMouseWheel(int32_t notches, int16_t shift) override;
   void OnKeyPress(int16_t& keyAscii) override;
   void OnKeyUp(int16_t& keyCode, int16_t shift) override;
   void OnGotFocus() override;

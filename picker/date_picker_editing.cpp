@@ -7,6 +7,8 @@
 #include "common/control_error.hpp"
 #include "platform/platform.hpp"
 
+#include <cstdlib>
+
 namespace tarnbrook {
 namespace {
 
@@ -207,6 +209,20 @@ void DatePicker::OnKeyDown(int16_t& keyCode, int16_t shift) {
     break;
   }
   Redraw();
+}
+
+// Without the focus the wheel is the page's: a date must not change as a page scrolls past.
+bool DatePicker::OnMouseWheel(int32_t notches, int16_t) {
+  if (Platform::Current().GetFocus() != hWnd())
+    return false;
+  if (locked_)
+    return true;
+  RestoreLastDate();
+  for (int32_t i = 0; i < std::abs(notches); ++i)
+    StepCurrent(notches > 0 ? 1 : -1);
+  PropertyChanged(PickerKey::Value);
+  Redraw();
+  return true;
 }
 
 void DatePicker::OnKeyPress(int16_t& keyAscii) {

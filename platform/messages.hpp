@@ -52,6 +52,7 @@ enum : UINT {
   WM_MBUTTONDOWN = 0x0207,
   WM_MBUTTONUP = 0x0208,
   WM_MBUTTONDBLCLK = 0x0209,
+  WM_MOUSEWHEEL = 0x020A,
   WM_CAPTURECHANGED = 0x0215,
   WM_PRINTCLIENT = 0x0318,
   WM_USER = 0x0400,
@@ -221,6 +222,12 @@ constexpr int32_t GET_X_LPARAM(LPARAM lp) {
 }
 constexpr int32_t GET_Y_LPARAM(LPARAM lp) {
   return static_cast<int16_t>((lp >> 16) & 0xFFFF);
+}
+// One notch of a mouse wheel; finer wheels send parts of it.
+constexpr int32_t WHEEL_DELTA = 120;
+// The wheel's turn in WM_MOUSEWHEEL's wParam: positive away from the user.
+constexpr int32_t GET_WHEEL_DELTA_WPARAM(WPARAM wp) {
+  return static_cast<int16_t>((wp >> 16) & 0xFFFF);
 }
 constexpr LPARAM MAKELPARAM(int32_t lo, int32_t hi) {
   return static_cast<LPARAM>((static_cast<uint32_t>(lo) & 0xFFFF) |

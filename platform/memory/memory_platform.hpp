@@ -143,6 +143,8 @@ public:
   void Click(int32_t x, int32_t y);
   void DoubleClick(int32_t x, int32_t y);                  // down, up, WM_LBUTTONDBLCLK, up
   void MouseDoubleClick(int button, int32_t x, int32_t y); // the second press of a double click
+  // Turns the wheel by `delta` (WHEEL_DELTA a notch, positive away from the user).
+  void MouseWheel(int32_t delta, int32_t x, int32_t y);
   void SetClickFocus(bool on) { clickFocus_ = on; }        // a click focuses its window (default)
 
   // Test side: keyboard, to the focused window.

@@ -59,6 +59,22 @@ void MemoryPlatform::InjectMouse(UINT clientMessage, Point screen) {
   PumpMessages();
 }
 
+// As desktops do today, the wheel turns what is under the pointer, not what has the focus;
+// lParam holds the screen point, as the system's does.
+void MemoryPlatform::MouseWheel(int32_t delta, int32_t x, int32_t y) {
+  if (cursorPos_ != Point{x, y}) {
+    MouseMove(x, y);
+  }
+  HWND target = capture_ ? capture_ : WindowFromPoint({x, y});
+  if (Find(target) && !IsDesktop(target)) {
+    WPARAM wParam = MouseKeyFlags() | (static_cast<WPARAM>(static_cast<uint16_t>(delta)) << 16);
+    queue_.push_back({{target, WM_MOUSEWHEEL, wParam, MAKELPARAM(x, y), GetTickCount(), {x, y}},
+                      true,
+                      HTCLIENT});
+  }
+  PumpMessages();
+}
+
 void MemoryPlatform::MouseMove(int32_t x, int32_t y) {
   InjectMouse(WM_MOUSEMOVE, {x, y});
 }

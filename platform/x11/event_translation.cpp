@@ -80,11 +80,17 @@ void X11Platform::HandleEvent(XEvent& event) {
 // close enough is a double click, and a third starts over.
 void X11Platform::HandleButton(XEvent& event) {
   const XButtonEvent& button = event.xbutton;
+  Point at{button.x_root, button.y_root};
+  if (button.button == Button4 || button.button == Button5) {
+    if (event.type == ButtonPress) { // a notch comes as a press and a release
+      MouseWheel(button.button == Button4 ? WHEEL_DELTA : -WHEEL_DELTA, at.x, at.y);
+    }
+    return;
+  }
   int virtualButton = VirtualButton(button.button);
   if (!virtualButton) {
     return;
   }
-  Point at{button.x_root, button.y_root};
   if (event.type == ButtonRelease) {
     MouseUp(virtualButton, at.x, at.y);
     return;

@@ -138,5 +138,17 @@ TEST_F(NumberSpinTest, FocusAndTheDisabledStateShowOnTheWindow) {
   EXPECT_NE(UpFace(), enabled); // the arrow is greyed
 }
 
+// The wheel steps the year only while the spin has the focus, as the arrow keys do.
+TEST_F(NumberSpinTest, TheWheelStepsAFocusedYearOnly) {
+  const Point middle = At(20, 10);
+  platform.MouseWheel(WHEEL_DELTA, middle.x, middle.y);
+  EXPECT_EQ(spin->Value(), 2000);
+  spin->SetFocus();
+  platform.MouseWheel(2 * WHEEL_DELTA, middle.x, middle.y);
+  platform.MouseWheel(-WHEEL_DELTA, middle.x, middle.y);
+  EXPECT_EQ(spin->Value(), 2001);
+  EXPECT_EQ(changes, 3);
+}
+
 } // namespace
 } // namespace tarnbrook
