@@ -25,6 +25,16 @@ TEST_F(X11Test, RealClicksArriveAsMessagesAndATimelySecondPressAsADoubleClick) {
   EXPECT_EQ(MessagesOf(child, {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK}),
             (std::vector<UINT>{WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP,
                                WM_LBUTTONDOWN, WM_LBUTTONUP}));
+
+  // Buttons 4 and 5 are the wheel's notches, away from the user and back, not presses.
+  received.clear();
+  Xdotool("click 4 click 5");
+  ASSERT_TRUE(WaitFor([&] { return MessagesOf(child, {WM_MOUSEWHEEL}).size() == 2; }));
+  std::vector<int32_t> deltas;
+  for (WPARAM wParam : ParamsOf(child, WM_MOUSEWHEEL))
+    deltas.push_back(GET_WHEEL_DELTA_WPARAM(wParam));
+  EXPECT_EQ(deltas, (std::vector<int32_t>{WHEEL_DELTA, -WHEEL_DELTA}));
+  EXPECT_TRUE(MessagesOf(child, {WM_LBUTTONDOWN, WM_LBUTTONUP}).empty());
 }
 
 TEST_F(X11Test, KeysReachTheFocusedWindowWhichLosesTheFocusWithTheKeyboard) {
