@@ -24,29 +24,20 @@ COLORREF Sys(int index) {
 
 } // namespace
 
-CheckBox::CheckBox(HWND parent) : Control(parent) {}
+CheckBox::CheckBox(HWND parent) : StandardControl(parent, {vbButtonFace, vbButtonText, 1}) {}
 
 CheckBox::~CheckBox() = default;
 
-void CheckBox::InitProperties() {
-  font_ = Site().AmbientFont();
-  Refresh();
-}
-
 void CheckBox::ReadProperties(PropertyBag& bag) {
-  SetFont(*ObjectOf<tarnbrook::Font>(bag.ReadProperty("Font", FontVariant(Site().AmbientFont()))));
-  SetAlignment(bag.ReadProperty("Alignment", int32_t(0)).ToLong());
-  SetBackColor(bag.ReadProperty("BackColor", vbButtonFace).ToLong());
-  SetForeColor(bag.ReadProperty("ForeColor", vbButtonText).ToLong());
+  ReadFont(bag);
+  ReadLook(bag);
   SetCaption(bag.ReadProperty("Caption", "").ToString());
   SetValue(bag.ReadProperty("Value", int32_t(vbUnchecked)).ToLong());
 }
 
 void CheckBox::WriteProperties(PropertyBag& bag) {
-  bag.WriteProperty("Font", FontVariant(font_), FontVariant(Site().AmbientFont()));
-  bag.WriteProperty("Alignment", alignment_, int32_t(0));
-  bag.WriteProperty("BackColor", backColor_, vbButtonFace);
-  bag.WriteProperty("ForeColor", foreColor_, vbButtonText);
+  WriteFont(bag);
+  WriteLook(bag);
   bag.WriteProperty("Caption", caption_, "");
   bag.WriteProperty("Value", value_, int32_t(vbUnchecked));
 }
@@ -69,40 +60,13 @@ void CheckBox::SetValue(int32_t value) {
   events_.Raise(&CheckBoxEvents::Click);
 }
 
-void CheckBox::SetBackColor(OleColor color) {
-  backColor_ = color;
-  PropertyChanged("BackColor");
-  Refresh();
-}
-
-void CheckBox::SetForeColor(OleColor color) {
-  foreColor_ = color;
-  PropertyChanged("ForeColor");
-  Refresh();
-}
-
-void CheckBox::SetFont(const tarnbrook::Font& font) {
-  font_ = CheckedFont(font);
-  PropertyChanged("Font");
-  Refresh();
-}
-
-void CheckBox::SetAlignment(int32_t alignment) {
-  if (alignment < 0 || alignment > 1)
-    RaiseRuntimeError(rtInvalidPropertyValue);
-  alignment_ = alignment;
-  PropertyChanged("Alignment");
-  Refresh();
-}
-
 void CheckBox::SetEnabled(bool enabled) {
   if (!enabled) {
     mouse_.Cancel();
     spaceHeld_ = false;
     pushed_ = false;
   }
-  Control::SetEnabled(enabled);
-  Refresh();
+  StandardControl::SetEnabled(enabled);
 }
 
 // A grayed box becomes checked, as the classic automatic check box does.
@@ -122,14 +86,14 @@ void CheckBox::OnPaint() {
   cMDC& surface = Surface();
   if (!surface.hDC())
     return;
-  SelectFont(surface, font_);
+  SelectFont(surface, Font());
   Canvas& canvas = *Canvas::FromHandle(surface.hDC());
   int32_t width = surface.Width(), height = surface.Height();
-  canvas.FillRect({0, 0, width, height}, static_cast<COLORREF>(TranslateColor(backColor_)));
+  canvas.FillRect({0, 0, width, height}, static_cast<COLORREF>(TranslateColor(BackColor())));
   bool enabled = Enabled();
 
   // The box: a sunken edge around a well that turns grey while pressed, disabled or grayed.
-  int32_t boxLeft = alignment_ == 1 ? width - BoxSize : 0;
+  int32_t boxLeft = Alignment() == 1 ? width - BoxSize : 0;
   Rect box{boxLeft, (height - BoxSize) / 2, boxLeft + BoxSize, (height - BoxSize) / 2 + BoxSize};
   Rect well = canvas.DrawEdge(box, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
   bool greyWell = pushed_ || !enabled || value_ == vbGrayed;
@@ -139,10 +103,10 @@ void CheckBox::OnPaint() {
                   Sys(enabled && value_ == vbChecked ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
 
   // The caption beside it, centred on the box; the focus rectangle goes round it.
-  Size caption = MeasureLine(font_, caption_, true);
+  Size caption = MeasureLine(Font(), caption_, true);
   Rect text{0, (height - caption.cy) / 2, 0, 0};
   text.bottom = text.top + caption.cy;
-  if (alignment_ == 1) {
+  if (Alignment() == 1) {
     text.right = box.left - CaptionGap;
     text.left = std::max(0, text.right - caption.cx);
   } else {
@@ -157,7 +121,7 @@ void CheckBox::OnPaint() {
                     Flags);
     canvas.SetTextColor(Sys(COLOR_GRAYTEXT));
   } else {
-    canvas.SetTextColor(static_cast<COLORREF>(TranslateColor(foreColor_)));
+    canvas.SetTextColor(static_cast<COLORREF>(TranslateColor(ForeColor())));
   }
   canvas.DrawText(caption_, text, Flags);
   if (enabled && !caption_.empty() && Platform::Current().GetFocus() == hWnd())

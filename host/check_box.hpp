@@ -3,10 +3,8 @@
 #include <string>
 
 #include "common/event_source.hpp"
-#include "common/font.hpp"
-#include "common/ole_color.hpp"
 #include "common/push_tracker.hpp"
-#include "host/control.hpp"
+#include "host/standard_control.hpp"
 
 namespace tarnbrook {
 
@@ -23,7 +21,7 @@ enum CheckBoxConstants { vbUnchecked = 0, vbChecked = 1, vbGrayed = 2 };
 
 // The standard check box a form offers: a 13 x 13 sunken box with its caption beside it.
 // A click (press and release over it) or Space toggles between unchecked and checked.
-class CheckBox : public Control {
+class CheckBox : public StandardControl {
 public:
   static constexpr int32_t BoxSize = 13;
 
@@ -34,7 +32,6 @@ public:
   void Connect(CheckBoxEvents* sink) { events_.Connect(sink); }
   void Disconnect(CheckBoxEvents* sink) { events_.Disconnect(sink); }
 
-  void InitProperties() override;
   void ReadProperties(PropertyBag& bag) override;
   void WriteProperties(PropertyBag& bag) override;
 
@@ -45,17 +42,7 @@ public:
   int32_t Value() const { return value_; }
   void SetValue(int32_t value);
 
-  OleColor BackColor() const { return backColor_; }
-  void SetBackColor(OleColor color);
-  OleColor ForeColor() const { return foreColor_; }
-  void SetForeColor(OleColor color);
-  const tarnbrook::Font& Font() const { return font_; }
-  void SetFont(const tarnbrook::Font& font);
-  // 0 box at the left, 1 box at the right; 380 otherwise.
-  int32_t Alignment() const { return alignment_; }
-  void SetAlignment(int32_t alignment);
-
-  // Repaints in the disabled look.
+  // A press or Space held is let go as well.
   void SetEnabled(bool enabled) override;
 
 protected:
@@ -76,10 +63,6 @@ private:
   EventSource<CheckBoxEvents> events_;
   std::string caption_;
   int32_t value_ = vbUnchecked;
-  OleColor backColor_ = vbButtonFace;
-  OleColor foreColor_ = vbButtonText;
-  tarnbrook::Font font_;
-  int32_t alignment_ = 0;
   PushTracker mouse_;
   bool spaceHeld_ = false;
   bool pushed_ = false; // as drawn

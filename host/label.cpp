@@ -7,30 +7,21 @@
 
 namespace tarnbrook {
 
-Label::Label(HWND parent) : Control(parent) {
+Label::Label(HWND parent) : StandardControl(parent, {vbButtonFace, vbButtonText, 2}) {
   SetTabStop(false);
 }
 
 Label::~Label() = default;
 
-void Label::InitProperties() {
-  font_ = Site().AmbientFont();
-  Refresh();
-}
-
 void Label::ReadProperties(PropertyBag& bag) {
-  SetFont(*ObjectOf<tarnbrook::Font>(bag.ReadProperty("Font", FontVariant(Site().AmbientFont()))));
-  SetAlignment(bag.ReadProperty("Alignment", int32_t(0)).ToLong());
-  SetBackColor(bag.ReadProperty("BackColor", vbButtonFace).ToLong());
-  SetForeColor(bag.ReadProperty("ForeColor", vbButtonText).ToLong());
+  ReadFont(bag);
+  ReadLook(bag);
   SetCaption(bag.ReadProperty("Caption", "").ToString());
 }
 
 void Label::WriteProperties(PropertyBag& bag) {
-  bag.WriteProperty("Font", FontVariant(font_), FontVariant(Site().AmbientFont()));
-  bag.WriteProperty("Alignment", alignment_, int32_t(0));
-  bag.WriteProperty("BackColor", backColor_, vbButtonFace);
-  bag.WriteProperty("ForeColor", foreColor_, vbButtonText);
+  WriteFont(bag);
+  WriteLook(bag);
   bag.WriteProperty("Caption", caption_, "");
 }
 
@@ -41,43 +32,12 @@ void Label::SetCaption(const std::string& caption) {
   Refresh();
 }
 
-void Label::SetAlignment(int32_t alignment) {
-  if (alignment < 0 || alignment > 2)
-    RaiseRuntimeError(rtInvalidPropertyValue);
-  alignment_ = alignment;
-  PropertyChanged("Alignment");
-  Refresh();
-}
-
-void Label::SetBackColor(OleColor color) {
-  backColor_ = color;
-  PropertyChanged("BackColor");
-  Refresh();
-}
-
-void Label::SetForeColor(OleColor color) {
-  foreColor_ = color;
-  PropertyChanged("ForeColor");
-  Refresh();
-}
-
-void Label::SetFont(const tarnbrook::Font& font) {
-  font_ = CheckedFont(font);
-  PropertyChanged("Font");
-  Refresh();
-}
-
-void Label::SetEnabled(bool enabled) {
-  Control::SetEnabled(enabled);
-  Refresh();
-}
-
 int32_t Label::CaptionWidth() const {
-  return MeasureLine(font_, caption_, true).cx;
+  return MeasureLine(Font(), caption_, true).cx;
 }
 
 int32_t Label::CaptionHeight() const {
-  return MeasureLine(font_, caption_, true).cy;
+  return MeasureLine(Font(), caption_, true).cy;
 }
 
 // One line from the top, placed by the alignment; a disabled label's text is etched.
@@ -85,21 +45,21 @@ void Label::OnPaint() {
   cMDC& surface = Surface();
   if (!surface.hDC())
     return;
-  SelectFont(surface, font_);
+  SelectFont(surface, Font());
   Canvas& canvas = *Canvas::FromHandle(surface.hDC());
   Rect all{0, 0, surface.Width(), surface.Height()};
-  canvas.FillRect(all, static_cast<COLORREF>(TranslateColor(backColor_)));
+  canvas.FillRect(all, static_cast<COLORREF>(TranslateColor(BackColor())));
   canvas.SetBkMode(TRANSPARENT);
-  uint32_t flags = DT_SINGLELINE | (alignment_ == 1   ? DT_RIGHT
-                                    : alignment_ == 2 ? DT_CENTER
-                                                      : DT_LEFT);
+  uint32_t flags = DT_SINGLELINE | (Alignment() == 1   ? DT_RIGHT
+                                    : Alignment() == 2 ? DT_CENTER
+                                                       : DT_LEFT);
   if (!Enabled()) {
     canvas.SetTextColor(static_cast<COLORREF>(GetSysColor(COLOR_BTNHIGHLIGHT)));
     canvas.DrawText(caption_, Rect{all.left + 1, all.top + 1, all.right + 1, all.bottom + 1},
                     flags);
     canvas.SetTextColor(static_cast<COLORREF>(GetSysColor(COLOR_GRAYTEXT)));
   } else {
-    canvas.SetTextColor(static_cast<COLORREF>(TranslateColor(foreColor_)));
+    canvas.SetTextColor(static_cast<COLORREF>(TranslateColor(ForeColor())));
   }
   canvas.DrawText(caption_, all, flags);
 }

@@ -32,36 +32,26 @@ void SetClipboardText(const std::string& text) {
   Clipboard() = text;
 }
 
-TextBox::TextBox(HWND parent) : Control(parent) {}
+TextBox::TextBox(HWND parent) : StandardControl(parent, {vbWindowBackground, vbWindowText, 2}) {}
 
 TextBox::~TextBox() = default;
 
 // ---- Properties ----
 
-void TextBox::InitProperties() {
-  font_ = Site().AmbientFont();
-  edges_.clear();
-  Refresh();
-}
-
 void TextBox::ReadProperties(PropertyBag& bag) {
-  SetFont(*ObjectOf<tarnbrook::Font>(bag.ReadProperty("Font", FontVariant(Site().AmbientFont()))));
+  ReadFont(bag);
   SetMaxLength(bag.ReadProperty("MaxLength", int32_t(0)).ToLong());
   SetLocked(bag.ReadProperty("Locked", false).ToBoolean());
-  SetAlignment(bag.ReadProperty("Alignment", int32_t(0)).ToLong());
-  SetBackColor(bag.ReadProperty("BackColor", vbWindowBackground).ToLong());
-  SetForeColor(bag.ReadProperty("ForeColor", vbWindowText).ToLong());
+  ReadLook(bag);
   SetBorderStyle(bag.ReadProperty("BorderStyle", int32_t(1)).ToLong());
   SetText(bag.ReadProperty("Text", "").ToString());
 }
 
 void TextBox::WriteProperties(PropertyBag& bag) {
-  bag.WriteProperty("Font", FontVariant(font_), FontVariant(Site().AmbientFont()));
+  WriteFont(bag);
   bag.WriteProperty("MaxLength", maxLength_, int32_t(0));
   bag.WriteProperty("Locked", locked_, false);
-  bag.WriteProperty("Alignment", alignment_, int32_t(0));
-  bag.WriteProperty("BackColor", backColor_, vbWindowBackground);
-  bag.WriteProperty("ForeColor", foreColor_, vbWindowText);
+  WriteLook(bag);
   bag.WriteProperty("BorderStyle", borderStyle_, int32_t(1));
   bag.WriteProperty("Text", text_, "");
 }
@@ -121,32 +111,9 @@ void TextBox::SetLocked(bool locked) {
   PropertyChanged("Locked");
 }
 
-void TextBox::SetAlignment(int32_t alignment) {
-  if (alignment < 0 || alignment > 2)
-    RaiseRuntimeError(rtInvalidPropertyValue);
-  alignment_ = alignment;
-  PropertyChanged("Alignment");
-  Refresh();
-}
-
-void TextBox::SetBackColor(OleColor color) {
-  backColor_ = color;
-  PropertyChanged("BackColor");
-  Refresh();
-}
-
-void TextBox::SetForeColor(OleColor color) {
-  foreColor_ = color;
-  PropertyChanged("ForeColor");
-  Refresh();
-}
-
-void TextBox::SetFont(const tarnbrook::Font& font) {
-  font_ = CheckedFont(font);
+void TextBox::OnFontChanged() {
   edges_.clear();
-  PropertyChanged("Font");
   KeepCaretVisible();
-  Refresh();
 }
 
 void TextBox::SetBorderStyle(int32_t style) {
@@ -160,11 +127,6 @@ void TextBox::SetBorderStyle(int32_t style) {
 
 void TextBox::SetShowFocusRect(bool show) {
   showFocusRect_ = show;
-  Refresh();
-}
-
-void TextBox::SetEnabled(bool enabled) {
-  Control::SetEnabled(enabled);
   Refresh();
 }
 
@@ -304,7 +266,7 @@ size_t TextBox::WordEnd(size_t byte) const {
 
 const std::vector<int32_t>& TextBox::Edges() {
   if (edges_.empty())
-    edges_ = CharacterEdges(font_, text_);
+    edges_ = CharacterEdges(Font(), text_);
   return edges_;
 }
 
@@ -325,7 +287,7 @@ int32_t TextBox::TextLeft() {
   int32_t width = Edges().back(), room = area.Width() - 1;
   if (width > room)
     return area.left - scroll_;
-  switch (alignment_) {
+  switch (Alignment()) {
   case 1:
     return area.left + room - width;
   case 2:
@@ -373,24 +335,24 @@ void TextBox::OnPaint() {
   cMDC& surface = Surface();
   if (!surface.hDC())
     return;
-  SelectFont(surface, font_);
+  SelectFont(surface, Font());
   Canvas& canvas = *Canvas::FromHandle(surface.hDC());
   Rect all{0, 0, surface.Width(), surface.Height()};
   Rect inside = borderStyle_ == 1 ? Rect{2, 2, all.right - 2, all.bottom - 2} : all;
-  auto back = static_cast<COLORREF>(TranslateColor(backColor_));
+  auto back = static_cast<COLORREF>(TranslateColor(BackColor()));
   canvas.FillRect(all, back);
 
   bool enabled = Enabled();
   bool focused = enabled && Platform::Current().GetFocus() == hWnd();
   Rect area = TextArea();
   int32_t left = TextLeft();
-  int32_t lineHeight = MeasureLine(font_, "").cy;
+  int32_t lineHeight = MeasureLine(Font(), "").cy;
   Rect line{left, area.top + (area.Height() - lineHeight) / 2, 0, 0};
   line.bottom = line.top + lineHeight;
   line.right = std::max(area.right, left + Edges().back() + 1);
   canvas.SetBkMode(TRANSPARENT);
   canvas.SetTextColor(
-      static_cast<COLORREF>(enabled ? TranslateColor(foreColor_) : GetSysColor(COLOR_GRAYTEXT)));
+      static_cast<COLORREF>(enabled ? TranslateColor(ForeColor()) : GetSysColor(COLOR_GRAYTEXT)));
   constexpr uint32_t TextFlags = DT_LEFT | DT_SINGLELINE | DT_NOPREFIX;
   canvas.DrawText(text_, line, TextFlags);
 
@@ -413,7 +375,7 @@ void TextBox::OnPaint() {
   if (focused) {
     int32_t x = left + EdgeOf(caret_);
     canvas.FillRect({x, line.top, x + 1, line.bottom},
-                    static_cast<COLORREF>(TranslateColor(foreColor_)));
+                    static_cast<COLORREF>(TranslateColor(ForeColor())));
     if (showFocusRect_)
       canvas.DrawFocusRect(inside);
   }

@@ -5,9 +5,7 @@
 #include <vector>
 
 #include "common/event_source.hpp"
-#include "common/font.hpp"
-#include "common/ole_color.hpp"
-#include "host/control.hpp"
+#include "host/standard_control.hpp"
 
 namespace tarnbrook {
 
@@ -41,7 +39,7 @@ enum TextBoxEventId {
 // Home and End (with Shift to select), Backspace, Delete, the mouse (press and drag to
 // select) and the clipboard keys (Ctrl+C, Ctrl+X, Ctrl+V, Ctrl+A). Positions (SelStart,
 // SelLength, MaxLength) count characters (code points), not bytes.
-class TextBox : public Control {
+class TextBox : public StandardControl {
 public:
   explicit TextBox(HWND parent = 0);
   ~TextBox() override;
@@ -50,7 +48,6 @@ public:
   void Connect(TextBoxEvents* sink) { events_.Connect(sink); }
   void Disconnect(TextBoxEvents* sink) { events_.Disconnect(sink); }
 
-  void InitProperties() override;
   void ReadProperties(PropertyBag& bag) override;
   void WriteProperties(PropertyBag& bag) override;
 
@@ -76,16 +73,6 @@ public:
   // No edits by the user; moving the caret, selecting and copying still work.
   bool Locked() const { return locked_; }
   void SetLocked(bool locked);
-  // 0 left, 1 right, 2 centre; 380 otherwise.
-  int32_t Alignment() const { return alignment_; }
-  void SetAlignment(int32_t alignment);
-
-  OleColor BackColor() const { return backColor_; }
-  void SetBackColor(OleColor color);
-  OleColor ForeColor() const { return foreColor_; }
-  void SetForeColor(OleColor color);
-  const tarnbrook::Font& Font() const { return font_; }
-  void SetFont(const tarnbrook::Font& font);
   // 0 none, 1 fixed single (the classic sunken 3D edge); 380 otherwise.
   int32_t BorderStyle() const { return borderStyle_; }
   void SetBorderStyle(int32_t style);
@@ -93,13 +80,11 @@ public:
   bool ShowFocusRect() const { return showFocusRect_; }
   void SetShowFocusRect(bool show);
 
-  // Repaints in the disabled look.
-  void SetEnabled(bool enabled) override;
-
   // The caret's place in characters (the moving end of the selection).
   int32_t CaretPosition() const;
 
 protected:
+  void OnFontChanged() override;
   void OnPaint() override;
   void OnResize() override;
   void OnMouseDown(int16_t button, int16_t shift, float x, float y) override;
@@ -141,10 +126,6 @@ private:
   std::vector<int32_t> edges_; // pixel advance of every character boundary; empty when stale
   int32_t maxLength_ = 0;
   bool locked_ = false;
-  int32_t alignment_ = 0;
-  OleColor backColor_ = vbWindowBackground;
-  OleColor foreColor_ = vbWindowText;
-  tarnbrook::Font font_;
   int32_t borderStyle_ = 1;
   bool showFocusRect_ = false;
   bool dragging_ = false;
