@@ -1,7 +1,9 @@
 #pragma once
+#include <chrono>
 #include <deque>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -145,7 +147,7 @@ public:
   void MouseDoubleClick(int button, int32_t x, int32_t y); // the second press of a double click
   // Turns the wheel by `delta` (WHEEL_DELTA a notch, positive away from the user).
   void MouseWheel(int32_t delta, int32_t x, int32_t y);
-  void SetClickFocus(bool on) { clickFocus_ = on; }        // a click focuses its window (default)
+  void SetClickFocus(bool on) { clickFocus_ = on; } // a click focuses its window (default)
 
   // Test side: keyboard, to the focused window.
   void KeyDown(int virtualKey);
@@ -158,6 +160,8 @@ public:
   void Advance(uint32_t milliseconds);
   void SetNow(DateValue now);
   size_t TimerCount() const { return timers_.size(); }
+  // How long until the next timer is due on the virtual clock; none without timers.
+  std::optional<uint32_t> MillisecondsToNextTimer() const;
 
   // Test side: windows.
   HWND CreateForeignWindow(int32_t x, int32_t y, int32_t width, int32_t height);
@@ -183,7 +187,20 @@ public:
   const std::vector<MessageBoxRecord>& MessageBoxes() const { return messageBoxes_; }
   void QueueMessageBoxAnswer(int answer) { messageBoxAnswers_.push_back(answer); }
   std::unique_ptr<Canvas> ComposeScreen();
+  // Draws the part `area` (client coordinates) of a window's client area with its visible
+  // children onto `target` at the same coordinates.
+  void ComposeWindow(HWND hwnd, Canvas& target, const Rect& area);
   void WriteScreenPng(const std::string& path);
+
+  // For a backend that shows the windows: those whose drawing context was handed out (so
+  // whose pixels may have changed) since the last call.
+  std::vector<HWND> TakePaintedWindows();
+
+protected:
+  // For a backend on a real display: from StartRealTime on, FollowRealTime moves the virtual
+  // clock on by the monotonic time that passed, firing the timers due meanwhile.
+  void StartRealTime();
+  void FollowRealTime();
 
 private:
   struct QueuedMessage {
@@ -223,7 +240,8 @@ private:
   void InjectMouse(UINT clientMessage, Point screen);
   void InjectKey(UINT message, int virtualKey);
   WPARAM MouseKeyFlags();
-  void DrawTree(Canvas& screen, const MemoryWindow& window, const Rect& clip);
+  // `origin` is the screen point drawn at the target's (0, 0).
+  void DrawTree(Canvas& target, const MemoryWindow& window, const Rect& clip, Point origin);
   Timer* NextDueTimer(uint64_t until);
   LRESULT RunHook(Hook hook, int nCode, WPARAM wParam, LPARAM lParam);
 
@@ -259,6 +277,9 @@ private:
   int dispatching_ = 0;
   std::vector<MessageBoxRecord> messageBoxes_;
   std::deque<int> messageBoxAnswers_;
+
+  std::chrono::steady_clock::time_point realTimeBase_;
+  bool followingRealTime_ = false; // within FollowRealTime's Advance
 };
 
 } // namespace tarnbrook

@@ -36,6 +36,7 @@ struct MemoryWindow {
   uint32_t processId = 0;
   uint32_t threadId = 0;
   bool invalid = false; // a WM_PAINT is due
+  bool painted = false; // its drawing context was handed out since a backend last looked
   std::map<std::string, intptr_t, PropNameLess> props;
   std::unique_ptr<Canvas> canvas; // the client area's pixels
 };

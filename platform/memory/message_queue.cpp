@@ -176,6 +176,9 @@ HWND MemoryPlatform::NextToPaint(const MemoryWindow& window) {
 }
 
 HDC MemoryPlatform::GetDC(HWND hwnd) {
+  if (MemoryWindow* window = Find(hwnd)) {
+    window->painted = true;
+  }
   Canvas* canvas = WindowCanvas(hwnd);
   return canvas ? canvas->Handle() : 0;
 }

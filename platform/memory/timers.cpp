@@ -90,6 +90,38 @@ bool MemoryPlatform::WaitMessage() {
   return true;
 }
 
+std::optional<uint32_t> MemoryPlatform::MillisecondsToNextTimer() const {
+  std::optional<uint64_t> due;
+  for (const Timer& t : timers_) {
+    due = due ? std::min(*due, t.due) : t.due;
+  }
+  if (!due) {
+    return std::nullopt;
+  }
+  return static_cast<uint32_t>(*due > tick_ ? *due - tick_ : 0);
+}
+
+void MemoryPlatform::StartRealTime() {
+  realTimeBase_ = std::chrono::steady_clock::now();
+}
+
+// A timer handler that runs a loop of its own (a message box) holds the clock: it only
+// moves forward from the outside.
+void MemoryPlatform::FollowRealTime() {
+  using namespace std::chrono;
+  auto elapsed = duration_cast<milliseconds>(steady_clock::now() - realTimeBase_);
+  if (elapsed.count() <= 0 || followingRealTime_) {
+    return;
+  }
+  realTimeBase_ += elapsed;
+  followingRealTime_ = true;
+  struct Done {
+    bool& flag;
+    ~Done() { flag = false; }
+  } done{followingRealTime_};
+  Advance(static_cast<uint32_t>(elapsed.count()));
+}
+
 void MemoryPlatform::SetNow(DateValue now) {
   nowBase_ = now;
   nowBaseTick_ = tick_;

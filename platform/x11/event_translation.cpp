@@ -1,7 +1,7 @@
 // X events become the simulator's input at the same screen points, and window-manager
 // changes become the simulator's own.
 
-#include "platform/x11/key_translation.hpp"
+#include "platform/memory/keysym_keys.hpp"
 #include "platform/x11/x11_platform.hpp"
 
 #include <X11/Xlib.h>

@@ -98,14 +98,6 @@ void X11Platform::PumpMessages() {
   Sync();
 }
 
-// Whoever takes a window's drawing context paints it.
-HDC X11Platform::GetDC(HWND hwnd) {
-  if (Mirror* mirror = FindMirror(hwnd)) {
-    mirror->dirty = true;
-  }
-  return MemoryPlatform::GetDC(hwnd);
-}
-
 void X11Platform::UpdateWindow(HWND hwnd) {
   MemoryPlatform::UpdateWindow(hwnd);
   Sync();
@@ -118,6 +110,12 @@ void X11Platform::Sync() {
     Reconcile(entry.first);
   }
   ForgetDestroyed();
+  // Whoever took a window's drawing context painted it.
+  for (HWND hwnd : TakePaintedWindows()) {
+    if (Mirror* mirror = FindMirror(hwnd)) {
+      mirror->dirty = true;
+    }
+  }
   for (auto& [hwnd, mirror] : mirrors_) {
     if (mirror.dirty && mirror.mapped) {
       PutCanvas(hwnd, mirror);

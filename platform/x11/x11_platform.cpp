@@ -75,7 +75,7 @@ X11Platform::X11Platform(const std::string& displayName) {
 
   SetScreenSize(DisplayWidth(display_, screen), DisplayHeight(display_, screen));
   SetNow(SystemNow());
-  clockBase_ = std::chrono::steady_clock::now();
+  StartRealTime();
 }
 
 // Closing the connection destroys the X windows.
@@ -87,33 +87,16 @@ X11Platform::~X11Platform() {
   XCloseDisplay(display_);
 }
 
-void X11Platform::AdvanceClock() {
-  using namespace std::chrono;
-  auto elapsed = duration_cast<milliseconds>(steady_clock::now() - clockBase_);
-  // A timer handler that runs a loop of its own (a message box) holds the clock: the
-  // simulator's clock only moves forward from the outside.
-  if (elapsed.count() <= 0 || advancing_) {
-    return;
-  }
-  clockBase_ += elapsed;
-  advancing_ = true;
-  struct Done {
-    bool& flag;
-    ~Done() { flag = false; }
-  } done{advancing_};
-  Advance(static_cast<uint32_t>(elapsed.count()));
-}
-
 // The clock moves before the events too, so that their handlers time from the present.
 void X11Platform::ProcessPendingEvents() {
-  AdvanceClock();
+  FollowRealTime();
   XSync(display_, False);
   while (XPending(display_) > 0) {
     XEvent event;
     XNextEvent(display_, &event);
     HandleEvent(event);
   }
-  AdvanceClock();
+  FollowRealTime();
   PumpMessages();
 }
 

@@ -65,7 +65,6 @@ public:
   bool AnimateWindow(HWND hwnd, uint32_t milliseconds, uint32_t flags) override;
   void PumpMessages() override;
   bool WaitMessage() override;
-  HDC GetDC(HWND hwnd) override;
   void UpdateWindow(HWND hwnd) override;
   HWND SetFocus(HWND hwnd) override;
   void SetCursor(int shape) override;
@@ -113,7 +112,6 @@ private:
   void FocusXWindow();
 
   // The loop (x11_platform.cpp).
-  void AdvanceClock();
   void WaitForEvents(int timeoutMilliseconds);
 
   // Animation (animation.cpp).
@@ -134,8 +132,6 @@ private:
   LastPress lastPress_;
   HWND focusBeforeLeaving_ = 0;
 
-  std::chrono::steady_clock::time_point clockBase_;
-  bool advancing_ = false;
   bool quit_ = false;
 };
 

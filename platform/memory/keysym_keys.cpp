@@ -1,4 +1,4 @@
-#include "platform/x11/key_translation.hpp"
+#include "platform/memory/keysym_keys.hpp"
 
 #include <X11/keysym.h>
 
