@@ -90,7 +90,8 @@ void HostedPlatform::Report() {
   std::map<HWND, Rect> damage;
 
   for (auto it = tops_.begin(); it != tops_.end();) {
-    if (IsWindow(it->first)) {
+    // One put into another window (a drop-down taken back) is gone as a top-level window.
+    if (IsWindow(it->first) && GetParent(it->first) == 0) {
       ++it;
       continue;
     }

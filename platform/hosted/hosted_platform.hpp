@@ -14,7 +14,8 @@ namespace tarnbrook {
 // through its Host what to show.
 //
 // - A top-level window is reported shown, moved (or resized), hidden and destroyed by its
-//   client area in screen coordinates; captions are the toolkit's business.
+//   client area in screen coordinates; captions are the toolkit's business. One that
+//   becomes another window's child is reported destroyed.
 // - Damage is reported per top-level window as one rectangle of its client area; Pixels
 //   then holds the window with its children composed, up to date in that rectangle.
 // - The virtual clock follows the monotonic clock; Now() starts at the local wall clock.

@@ -132,6 +132,16 @@ TEST_F(HostedPlatformTest, TopLevelWindowsMoveHideShowAndGo) {
   p.Process();
   EXPECT_EQ(host.Take(), (std::vector<std::string>{"destroyed"}));
 
+  // A drop-down taken back into its control is no longer a top-level window.
+  HWND form = Solid(0, 0, 100, 100, 0xFFFFFF);
+  HWND dropDown = Solid(0, 0, 10, 10, 0);
+  p.Process();
+  host.Take();
+  p.SetParent(dropDown, form);
+  p.SetWindowLong(dropDown, GWL_STYLE, WS_CHILD);
+  p.Process();
+  EXPECT_EQ(host.Take(), (std::vector<std::string>{"destroyed"}));
+
   // A window never shown is never told of.
   HWND hidden = p.CreateWindowEx(0, "", WS_POPUP, 0, 0, 10, 10, 0, SolidProc);
   p.Process();
