@@ -7,7 +7,7 @@ packages=(
   libcairo2-dev libpango1.0-dev fonts-dejavu-core
   libicu-dev nlohmann-json3-dev
   libx11-dev xvfb xdotool x11-apps
-  libgtk-4-dev
+  libgtk-4-dev qt6-base-dev
   libgtest-dev libbenchmark-dev
   libsqlite3-dev libpq-dev postgresql fonts-ipafont-gothic
 )
