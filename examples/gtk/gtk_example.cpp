@@ -7,7 +7,7 @@
 #include <string>
 
 #include "common/date_runtime.hpp"
-#include "gtk/tarnbrook_gtk.hpp"
+#include "toolkits/gtk/tarnbrook_gtk.hpp"
 
 namespace {
 

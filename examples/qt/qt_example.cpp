@@ -20,7 +20,7 @@
 
 #include "common/date_runtime.hpp"
 #include "dateselect/date_select.hpp"
-#include "qt/qt_control.hpp"
+#include "toolkits/qt/qt_control.hpp"
 
 namespace {
 

@@ -2,7 +2,7 @@
 // screen, so that hit testing, focus and timers stay the simulator's. GTK's input goes in
 // as the simulator's injections at the matching screen points; windows the control pops up
 // come out as popovers at the same offset from the widget as from the form.
-#include "gtk/tarnbrook_gtk.hpp"
+#include "toolkits/gtk/tarnbrook_gtk.hpp"
 
 #include <algorithm>
 #include <map>

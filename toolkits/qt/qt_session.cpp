@@ -1,4 +1,4 @@
-#include "qt/qt_session.hpp"
+#include "toolkits/qt/qt_session.hpp"
 
 #include <QApplication>
 #include <QCursor>
@@ -7,7 +7,7 @@
 #include <cstdlib>
 
 #include "automation/class_factory.hpp"
-#include "qt/qt_control.hpp"
+#include "toolkits/qt/qt_control.hpp"
 
 namespace tarnbrook {
 

@@ -1,4 +1,4 @@
-#include "qt/qt_keys.hpp"
+#include "toolkits/qt/qt_keys.hpp"
 
 #include "platform/memory/key_map.hpp"
 #include "platform/messages.hpp"

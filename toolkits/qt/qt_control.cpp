@@ -1,4 +1,4 @@
-#include "qt/qt_control.hpp"
+#include "toolkits/qt/qt_control.hpp"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -11,8 +11,8 @@
 
 #include "automation/class_factory.hpp"
 #include "draw/canvas.hpp"
-#include "qt/qt_keys.hpp"
-#include "qt/qt_session.hpp"
+#include "toolkits/qt/qt_keys.hpp"
+#include "toolkits/qt/qt_session.hpp"
 
 namespace tarnbrook {
 
