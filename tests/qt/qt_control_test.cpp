@@ -164,6 +164,22 @@ TEST_F(QtExample, DropDownCalendarTakesADayAndShowsOnTheScreen) {
   ASSERT_TRUE(WaitForLine("picker1 AfterCalendarCloseUp"));
   ReadBounds();
   EXPECT_EQ(bounds_.count("popup"), 0u);
+
+  // The click that picked the day hid the window it was on; the picker still takes the next.
+  Click(picker.x + picker.width - 8, picker.y + picker.height / 2);
+  ASSERT_TRUE(WaitForLine("picker1 AfterCalendarDropDown")) << "the calendar drops down again";
+  ReadBounds();
+  ASSERT_EQ(bounds_.count("popup"), 1u);
+
+  // A press on another Qt widget is a press outside the calendar, which closes.
+  const Box edit = bounds_["edit1"];
+  Click(edit.x + 20, edit.y + edit.height / 2);
+  ASSERT_TRUE(WaitForLine("picker1 AfterCalendarCloseUp"));
+  ReadBounds();
+  EXPECT_EQ(bounds_.count("popup"), 0u);
+  Command("value");
+  ASSERT_TRUE(WaitForLine("picker1 Value "));
+  EXPECT_EQ(line_, "picker1 Value 3/26/2026") << "closing without a pick keeps the day";
 }
 
 TEST_F(QtExample, TabGoesIntoThePickerTakesATypedDateAndGoesOn) {

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QWheelEvent>
 #include <cmath>
 
@@ -98,17 +99,28 @@ void QtHostedWindow::paintEvent(QPaintEvent* event) {
   painter.drawImage(area, image, area);
 }
 
+// A press that closes the pop-up it fell on (a day picked) takes the window system's grab
+// with the window, so Qt delivers no release; the simulator gets it at once, or its button
+// stays down and the press's capture keeps every later click.
 void QtHostedWindow::mousePressEvent(QMouseEvent* event) {
   if (int button = VirtualButton(event->button())) {
+    QtSession& session = session_; // this may go with the pop-up
+    QPointer<QtHostedWindow> self(this);
     Point at = ScreenPoint(event->position());
-    SyncModifiers(session_.Platform(), event->modifiers());
-    session_.Platform().MouseDown(button, at.x, at.y);
-    session_.Process();
+    SyncModifiers(session.Platform(), event->modifiers());
+    session.Platform().MouseDown(button, at.x, at.y);
+    session.Process();
+    if (!self || !self->isVisible()) {
+      session.Platform().MouseUp(button, at.x, at.y);
+      session.Process();
+    }
   }
 }
 
 void QtHostedWindow::mouseReleaseEvent(QMouseEvent* event) {
-  if (int button = VirtualButton(event->button())) {
+  // Not for a button already let go for a closed pop-up.
+  if (int button = VirtualButton(event->button());
+      button && session_.Platform().GetKeyState(button) < 0) {
     Point at = ScreenPoint(event->position());
     session_.Platform().MouseUp(button, at.x, at.y);
     session_.Process();

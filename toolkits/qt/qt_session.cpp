@@ -43,6 +43,12 @@ Qt::CursorShape CursorOf(int shape) {
   }
 }
 
+// The rest of the program on the simulator's screen: a press there passes the simulator's
+// mouse hooks, which close its pop-ups, and leaves its focus to Qt.
+LRESULT ElsewhereProc(HWND, UINT msg, WPARAM, LPARAM) {
+  return msg == WM_MOUSEACTIVATE ? LRESULT{MA_NOACTIVATE} : 0;
+}
+
 std::weak_ptr<QtSession>& Running() {
   static std::weak_ptr<QtSession> running;
   return running;
@@ -63,6 +69,8 @@ QtSession::QtSession() : platform_(this) {
   RegisterTarnbrookClasses();
   timer_.setSingleShot(true);
   connect(&timer_, &QTimer::timeout, this, [this] { Process(); });
+  elsewhere_ = platform_.CreateWindowEx(0, "", WS_POPUP | WS_VISIBLE, 0, 0, SlotLeft / 2,
+                                        SlotLeft / 2, 0, ElsewhereProc);
   qApp->installEventFilter(this);
 }
 
@@ -128,7 +136,7 @@ void QtSession::Place(HWND top, const Rect& client) {
 }
 
 void QtSession::TopLevelShown(HWND top, const Rect& client) {
-  if (forms_.count(top)) {
+  if (forms_.count(top) || top == elsewhere_) {
     return;
   }
   Place(top, client);

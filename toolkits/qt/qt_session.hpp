@@ -31,7 +31,7 @@ public:
   void Register(HWND form, QtControl* widget) { forms_[form] = widget; }
   // The widget the simulator's pointer is over, for the cursor.
   void Hovered(QtHostedWindow* window);
-  // A point of the simulator's screen where no window stands.
+  // A point of the simulator's screen where no control or pop-up stands.
   static constexpr Point Nowhere{2, 2};
 
   void TopLevelShown(HWND top, const Rect& client) override;
@@ -53,6 +53,7 @@ private:
   static constexpr int32_t SlotLeft = 100;
   static constexpr int32_t SlotHeight = 1200;
   HostedPlatform platform_;
+  HWND elsewhere_ = 0; // at Nowhere, shown by no widget
   QTimer timer_;
   std::map<int, QtControl*> slots_;
   std::map<HWND, QtControl*> forms_;
