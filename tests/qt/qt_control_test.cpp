@@ -1,140 +1,36 @@
 // The Qt example under its own Xvfb, driven with xdotool as a person would: the picker's
 // drop-down and a day on it, Tab from the line edit into the picker and out with a typed date,
 // and "Last Month" from the selection's option list.
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
-#include <map>
-#include <poll.h>
-#include <signal.h>
-#include <sstream>
-#include <string>
-#include <sys/wait.h>
-#include <unistd.h>
 
+#include "tests/support/example_window.hpp"
+
+namespace tarnbrook {
 namespace {
-
-struct Box {
-  int x = 0, y = 0, width = 0, height = 0;
-};
 
 class QtExample : public ::testing::Test {
 protected:
   void SetUp() override {
-    FILE* server = popen("echo $$; exec Xvfb -displayfd 1 -screen 0 800x600x24 -nolisten tcp "
-                         "2>/dev/null",
-                         "r");
-    int number = -1;
-    if (!server || std::fscanf(server, "%d %d", &xvfb_, &number) != 2) {
-      GTEST_SKIP() << "Xvfb could not start (is the xvfb package installed?)";
-    }
-    xvfbOutput_ = server;
-    setenv("DISPLAY", (":" + std::to_string(number)).c_str(), 1); // for xdotool
-
-    int toChild[2], fromChild[2];
-    ASSERT_EQ(pipe(toChild), 0);
-    ASSERT_EQ(pipe(fromChild), 0);
-    if ((child_ = fork()) == 0) {
-      dup2(toChild[0], 0);
-      dup2(fromChild[1], 1);
-      close(toChild[1]);
-      close(fromChild[0]);
-      // Qt keeps what it allocates until exit: leak checks are for our own programs.
-      setenv("ASAN_OPTIONS", "detect_leaks=0", 1);
-      setenv("QT_QPA_PLATFORM", "xcb", 1);
-      execl(TARNBROOK_QT_EXAMPLE, "qt_example", "--today", "2026-03-15", nullptr);
-      _exit(127);
-    }
-    close(toChild[0]);
-    close(fromChild[1]);
-    commands_ = toChild[1];
-    output_ = fromChild[0];
-    ASSERT_TRUE(WaitForLine("ready"));
+    std::string whyNot;
+    if (!program_.Start(TARNBROOK_QT_EXAMPLE, {{"QT_QPA_PLATFORM", "xcb"}}, whyNot))
+      GTEST_SKIP() << whyNot;
+    ASSERT_TRUE(program_.WaitForLine("ready"));
     ReadBounds();
   }
 
-  void TearDown() override {
-    if (child_ > 0) {
-      Command("quit");
-      int status = 0;
-      for (int i = 0; i < 50 && waitpid(child_, &status, WNOHANG) == 0; ++i) {
-        usleep(100000);
-      }
-      kill(child_, SIGKILL);
-      waitpid(child_, &status, 0);
-      close(commands_);
-      close(output_);
-    }
-    if (xvfb_ > 0) {
-      kill(xvfb_, SIGTERM);
-      pclose(xvfbOutput_);
-    }
-  }
-
-  void Command(const std::string& line) {
-    std::string text = line + "\n";
-    ASSERT_EQ(write(commands_, text.data(), text.size()), static_cast<ssize_t>(text.size()));
-  }
-
-  // Reads lines until one starts with `prefix` (kept in `line_`); false after 5 s.
-  bool WaitForLine(const std::string& prefix) {
-    auto until = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-    for (;;) {
-      size_t end;
-      while ((end = pending_.find('\n')) != std::string::npos) {
-        line_ = pending_.substr(0, end);
-        pending_.erase(0, end + 1);
-        if (line_.starts_with(prefix)) {
-          return true;
-        }
-      }
-      auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
-          until - std::chrono::steady_clock::now());
-      pollfd fd{output_, POLLIN, 0};
-      if (left.count() <= 0 || poll(&fd, 1, static_cast<int>(left.count())) <= 0) {
-        return false;
-      }
-      char buffer[4096];
-      ssize_t got = read(output_, buffer, sizeof buffer);
-      if (got <= 0) {
-        return false;
-      }
-      pending_.append(buffer, static_cast<size_t>(got));
-    }
-  }
-
+  bool WaitForLine(const std::string& prefix) { return program_.WaitForLine(prefix); }
+  void Command(const std::string& line) { program_.Command(line); }
+  void Xdotool(const std::string& arguments) { program_.Xdotool(arguments); }
+  void Click(int x, int y) { program_.Click(x, y); }
   // The widgets and open pop-ups on the screen, by name.
-  void ReadBounds() {
-    bounds_.clear();
-    Command("bounds");
-    while (WaitForLine("bounds ") && line_ != "bounds done") {
-      std::istringstream in(line_.substr(7));
-      std::string name;
-      Box box;
-      in >> name >> box.x >> box.y >> box.width >> box.height;
-      bounds_[name] = box;
-    }
-  }
-
-  void Xdotool(const std::string& arguments) {
-    ASSERT_EQ(std::system(("xdotool " + arguments).c_str()), 0) << "xdotool " << arguments;
-  }
-  void Click(int x, int y) {
-    Xdotool("mousemove " + std::to_string(x) + " " + std::to_string(y) + " click 1");
-  }
-
+  void ReadBounds() { bounds_ = program_.Bounds(); }
+  // The class of the part holding the simulator's focus.
   std::string inner() {
     Command("inner");
-    return WaitForLine("inner ") ? line_.substr(6) : "(no answer)";
+    return WaitForLine("inner ") ? program_.Line().substr(6) : "(no answer)";
   }
 
-  pid_t xvfb_ = 0, child_ = 0;
-  FILE* xvfbOutput_ = nullptr;
-  int commands_ = -1, output_ = -1;
-  std::string pending_, line_;
+  ExampleWindow program_;
   std::map<std::string, Box> bounds_;
 };
 
@@ -155,12 +51,12 @@ TEST_F(QtExample, DropDownCalendarTakesADayAndShowsOnTheScreen) {
   std::filesystem::create_directories(TARNBROOK_TEST_OUTPUT);
   Command("shot " + shot);
   ASSERT_TRUE(WaitForLine("shot "));
-  EXPECT_EQ(line_, "shot done");
+  EXPECT_EQ(program_.Line(), "shot done");
 
   // The Thursday of the fourth row: March 2026 starts on a Sunday, so the 26th.
   Click(calendar.x + 18 + 28 * 4, calendar.y + 60 + 16 * 3);
   ASSERT_TRUE(WaitForLine("picker1 Value "));
-  EXPECT_EQ(line_, "picker1 Value 3/26/2026");
+  EXPECT_EQ(program_.Line(), "picker1 Value 3/26/2026");
   ASSERT_TRUE(WaitForLine("picker1 AfterCalendarCloseUp"));
   ReadBounds();
   EXPECT_EQ(bounds_.count("popup"), 0u);
@@ -179,7 +75,7 @@ TEST_F(QtExample, DropDownCalendarTakesADayAndShowsOnTheScreen) {
   EXPECT_EQ(bounds_.count("popup"), 0u);
   Command("value");
   ASSERT_TRUE(WaitForLine("picker1 Value "));
-  EXPECT_EQ(line_, "picker1 Value 3/26/2026") << "closing without a pick keeps the day";
+  EXPECT_EQ(program_.Line(), "picker1 Value 3/26/2026") << "closing without a pick keeps the day";
 }
 
 TEST_F(QtExample, TabGoesIntoThePickerTakesATypedDateAndGoesOn) {
@@ -213,7 +109,7 @@ TEST_F(QtExample, TabGoesIntoThePickerTakesATypedDateAndGoesOn) {
   ASSERT_TRUE(WaitForLine("focus edit1"));
   Command("value");
   ASSERT_TRUE(WaitForLine("picker1 Value "));
-  EXPECT_EQ(line_, "picker1 Value 4/5/2027");
+  EXPECT_EQ(program_.Line(), "picker1 Value 4/5/2027");
 }
 
 TEST_F(QtExample, LastMonthFromTheOptionListWritesItsCriteria) {
@@ -226,11 +122,12 @@ TEST_F(QtExample, LastMonthFromTheOptionListWritesItsCriteria) {
   ASSERT_TRUE(WaitForLine("select1 SelectionChange"));
   Command("value");
   ASSERT_TRUE(WaitForLine("select1 Selection "));
-  EXPECT_EQ(line_, "select1 Selection 9") << "Last Month";
+  EXPECT_EQ(program_.Line(), "select1 Selection 9") << "Last Month";
   ASSERT_TRUE(WaitForLine("select1 SQL "));
-  EXPECT_EQ(line_, "select1 SQL  Date BETWEEN 2/1/2026 AND 2/28/2026 ");
+  EXPECT_EQ(program_.Line(), "select1 SQL  Date BETWEEN 2/1/2026 AND 2/28/2026 ");
   ReadBounds();
   EXPECT_EQ(bounds_.count("popup"), 0u);
 }
 
 } // namespace
+} // namespace tarnbrook
