@@ -12,10 +12,6 @@ struct KeyChars {
   char shifted;
 };
 
-constexpr int VK_NUMPAD0 = 0x60;
-constexpr int VK_MULTIPLY = 0x6A;
-constexpr int VK_ADD = 0x6B;
-
 // Main keys first, so that a character is typed on the main keyboard.
 constexpr KeyChars Keys[] = {
     {VK_SPACE, ' ', ' '},      {VK_RETURN, '\r', '\r'}, {VK_TAB, '\t', '\t'},

@@ -7,11 +7,6 @@ namespace tarnbrook {
 
 namespace {
 
-constexpr int VK_F1 = VK_F4 - 3;
-constexpr int VK_NUMPAD0 = 0x60;
-constexpr int VK_MULTIPLY = 0x6A;
-constexpr int VK_ADD = 0x6B;
-
 struct KeyPair {
   int key;
   int virtualKey;
